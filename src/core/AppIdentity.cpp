@@ -1,0 +1,11 @@
+#include "core/AppIdentity.h"
+
+HalcUpdate::Config updateClientConfig()
+{
+    return {
+        QStringLiteral("ombrel"),
+        QStringLiteral("stable"),
+        QUrl(QStringLiteral("https://downloads.halcyra.com/ombrel/stable/")),
+        QString::fromLatin1(AppIdentity::kApplicationVersion),
+    };
+}

@@ -1,0 +1,91 @@
+#include "core/Application.h"
+
+#include "core/AppIdentity.h"
+#include "core/AppState.h"
+#include "core/DataDirectory.h"
+#include "core/Language.h"
+#include "ui/MainWindow.h"
+#include "ui/Prompt.h"
+
+#include <QFontDatabase>
+#include <QIcon>
+#include <QLibraryInfo>
+#include <QLocale>
+#include <QTranslator>
+
+#include <cstdio>
+
+Application::Application(int &argc, char **argv)
+    : QApplication(argc, argv)
+{
+    if (qEnvironmentVariable("OMBREL_VERBOSE").isEmpty())
+        qInstallMessageHandler(&Application::filteredMessageHandler);
+
+    setOrganizationName(QString::fromLatin1(AppIdentity::kOrganizationName));
+    setOrganizationDomain(QString::fromLatin1(AppIdentity::kOrganizationDomain));
+    setApplicationName(QString::fromLatin1(AppIdentity::kApplicationName));
+    setApplicationVersion(QString::fromLatin1(AppIdentity::kApplicationVersion));
+
+    setupTranslators();
+
+    setWindowIcon(QIcon(QString::fromLatin1(AppIdentity::kWindowIcon)));
+    // Without the icon font the glyphs show as letters; not worth stopping for.
+    QFontDatabase::addApplicationFont(QString::fromLatin1(AppIdentity::kIconFont));
+}
+
+// The window goes before AppState (a child, destroyed by the base class), since it borrows it.
+Application::~Application() = default;
+
+void Application::filteredMessageHandler(QtMsgType type, const QMessageLogContext &, const QString &message)
+{
+    switch (type) {
+    case QtDebugMsg:
+    case QtInfoMsg: return;
+    case QtWarningMsg: std::fprintf(stderr, "WARN: %s\n", message.toLocal8Bit().constData()); break;
+    case QtCriticalMsg:
+    case QtFatalMsg: std::fprintf(stderr, "%s\n", message.toLocal8Bit().constData()); break;
+    }
+    std::fflush(stderr);
+}
+
+void Application::setupTranslators()
+{
+    const QString language = resolvedLanguage(true);
+
+    if (language != QLatin1String("en")) {
+        m_qtTranslator = new QTranslator(this);
+        if (m_qtTranslator->load(QLocale(language), QStringLiteral("qtbase"), QStringLiteral("_"),
+                                 QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+            installTranslator(m_qtTranslator);
+        } else {
+            delete m_qtTranslator;
+            m_qtTranslator = nullptr;
+        }
+    }
+
+    // Source strings are English, so the English catalogue is empty and installing it changes nothing.
+    m_appTranslator = new QTranslator(this);
+    if (m_appTranslator->load(QStringLiteral(":/i18n/ombrel_%1.qm").arg(language))) {
+        installTranslator(m_appTranslator);
+    } else {
+        delete m_appTranslator;
+        m_appTranslator = nullptr;
+    }
+}
+
+int Application::run()
+{
+    m_appState = new AppState(this);
+    if (!m_appState->initialize()) {
+        Prompt::critical(nullptr, tr("Database Error"),
+                         tr("Failed to initialize the database.\n\nData directory: %1\n\n"
+                            "Please check file permissions and try again.")
+                             .arg(dataDirectory()));
+        return 1;
+    }
+
+    m_mainWindow = std::make_unique<MainWindow>(m_appState);
+    m_mainWindow->show();
+
+    return exec();
+}
