@@ -1,0 +1,199 @@
+#include "core/AppState.h"
+#include "core/Application.h"
+#include "core/DataDirectory.h"
+#include "core/Language.h"
+#include "ui/Prompt.h"
+
+#include <QFile>
+#include <QSqlDatabase>
+#include <QSqlQuery>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <cstdio>
+#include <unistd.h>
+
+namespace {
+
+// Everything written to stderr while fn runs.
+template <typename Fn>
+QByteArray captureStderr(Fn fn)
+{
+    QTemporaryDir dir;
+    const QByteArray path = dir.filePath(QStringLiteral("stderr")).toLocal8Bit();
+    std::fflush(stderr);
+    const int saved = dup(fileno(stderr));
+    if (!std::freopen(path.constData(), "w", stderr))
+        return {};
+    fn();
+    std::fflush(stderr);
+    dup2(saved, fileno(stderr));
+    close(saved);
+    QFile file(QString::fromLocal8Bit(path));
+    file.open(QIODevice::ReadOnly);
+    return file.readAll();
+}
+
+} // namespace
+
+class TstApplication : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+    void identityAndResourcesAreInPlace();
+    void unusableDataDirectoryExitsWithStatusOne();
+    void startsAndMigratesFreshDirectory();
+    void filteredLog_data();
+    void filteredLog();
+    void resolveLanguage_data();
+    void resolveLanguage();
+    void storedLanguageIsRead();
+
+private:
+    QTemporaryDir m_dir;
+};
+
+void TstApplication::init()
+{
+    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QStringLiteral("data")).toUtf8());
+}
+
+void TstApplication::cleanup()
+{
+    // run() leaves its AppState behind as a child of the application; the next run makes its own.
+    qDeleteAll(qApp->findChildren<AppState *>(Qt::FindDirectChildrenOnly));
+}
+
+void TstApplication::identityAndResourcesAreInPlace()
+{
+    for (const QString &code : supportedLanguages())
+        QVERIFY2(QFile::exists(QStringLiteral(":/i18n/ombrel_%1.qm").arg(code)), qPrintable(code));
+    QVERIFY(QFile::exists(QStringLiteral(":/fonts/fonts/MaterialIcons-Regular.otf")));
+    QVERIFY(QFile::exists(QStringLiteral(":/sql/sql/migrations/001_initial.sql")));
+    QVERIFY(QFile::exists(QStringLiteral(":/sql/sql/migrations/002_recon_sync.sql")));
+
+    QCOMPARE(QCoreApplication::organizationName(), QStringLiteral("Halcyra"));
+    QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Ombrel"));
+    QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral("1.0.9"));
+    QVERIFY(!QApplication::windowIcon().isNull());
+}
+
+void TstApplication::unusableDataDirectoryExitsWithStatusOne()
+{
+    // A plain file where the data directory should be: nothing can be made beneath it.
+    QFile blocker(m_dir.filePath(QStringLiteral("blocker")));
+    QVERIFY(blocker.open(QIODevice::WriteOnly));
+    blocker.close();
+    const QString dataDir = blocker.fileName() + QStringLiteral("/data");
+    qputenv("OMBREL_DATA_DIR", dataDir.toUtf8());
+
+    Prompt::setNextAnswer(QMessageBox::Ok);
+    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("^Failed to open database: ")));
+    auto *app = static_cast<Application *>(qApp);
+    QCOMPARE(app->run(), 1);
+
+    QCOMPARE(Prompt::lastTitle(), QStringLiteral("Database Error"));
+    QCOMPARE(Prompt::lastText(), QStringLiteral("Failed to initialize the database.\n\nData directory: %1\n\n"
+                                                "Please check file permissions and try again.")
+                                     .arg(dataDir));
+    QVERIFY(QApplication::topLevelWidgets().isEmpty());
+}
+
+void TstApplication::startsAndMigratesFreshDirectory()
+{
+    auto *app = static_cast<Application *>(qApp);
+    QTimer::singleShot(0, app, [] {
+        QVERIFY(QApplication::activeWindow() || !QApplication::topLevelWidgets().isEmpty());
+        QCoreApplication::exit(0);
+    });
+    QCOMPARE(app->run(), 0);
+
+    QVERIFY(QFile::exists(databasePath()));
+    const auto *state = app->findChild<AppState *>();
+    QVERIFY(state);
+    QVERIFY(state->currentAccountId().isEmpty());
+    QSqlQuery q(QSqlDatabase::database());
+    QVERIFY(q.exec(QStringLiteral("SELECT COUNT(*) FROM schema_version")));
+    QVERIFY(q.next());
+    QCOMPARE(q.value(0).toInt(), 2);
+}
+
+void TstApplication::filteredLog_data()
+{
+    QTest::addColumn<int>("type");
+    QTest::addColumn<QString>("message");
+    QTest::addColumn<QByteArray>("expected");
+    QTest::newRow("debug dropped") << int(QtDebugMsg) << "noise" << QByteArray();
+    QTest::newRow("info dropped") << int(QtInfoMsg) << "Opening database at: /x" << QByteArray();
+    QTest::newRow("warning prefixed") << int(QtWarningMsg) << "disk slow" << QByteArray("WARN: disk slow\n");
+    QTest::newRow("critical bare") << int(QtCriticalMsg) << "Failed to open database: no"
+                                   << QByteArray("Failed to open database: no\n");
+    QTest::newRow("utf-8 kept") << int(QtWarningMsg) << "Café" << QByteArray("WARN: Caf\xc3\xa9\n");
+}
+
+void TstApplication::filteredLog()
+{
+    QFETCH(int, type);
+    QFETCH(QString, message);
+    QFETCH(QByteArray, expected);
+    const QMessageLogContext context("file.cpp", 12, "function", "category");
+    const QByteArray written =
+        captureStderr([&] { Application::filteredMessageHandler(QtMsgType(type), context, message); });
+    QCOMPARE(written, expected);
+}
+
+void TstApplication::resolveLanguage_data()
+{
+    QTest::addColumn<QString>("stored");
+    QTest::addColumn<QString>("system");
+    QTest::addColumn<QString>("expected");
+    QTest::newRow("system, supported") << "system"
+                                       << "de_DE"
+                                       << "de";
+    QTest::newRow("system, unsupported") << "system"
+                                         << "pt_BR"
+                                         << "en";
+    QTest::newRow("system, C locale") << "system"
+                                      << "C"
+                                      << "en";
+    QTest::newRow("explicit choice") << "ja"
+                                     << "de_DE"
+                                     << "ja";
+    QTest::newRow("unknown code stands") << "xx"
+                                         << "fr_FR"
+                                         << "xx";
+}
+
+void TstApplication::resolveLanguage()
+{
+    QFETCH(QString, stored);
+    QFETCH(QString, system);
+    QFETCH(QString, expected);
+    QCOMPARE(::resolveLanguage(stored, system), expected);
+}
+
+void TstApplication::storedLanguageIsRead()
+{
+    QCOMPARE(resolvedLanguage(false), QStringLiteral("system"));
+    setLanguage(QStringLiteral("fr"));
+    QCOMPARE(resolvedLanguage(false), QStringLiteral("fr"));
+    QCOMPARE(resolvedLanguage(true), QStringLiteral("fr"));
+    setLanguage(QStringLiteral("system"));
+}
+
+// The test needs our own Application, not the plain one QTEST_MAIN would make. QSettings and the
+// data directory go to temporary places so the user's own are never touched.
+int main(int argc, char *argv[])
+{
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.filePath(QStringLiteral("config")).toUtf8());
+    qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("share")).toUtf8());
+    qunsetenv("OMBREL_VERBOSE");
+    Application app(argc, argv);
+    TstApplication test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_application.moc"
