@@ -3,7 +3,16 @@
 #include <QObject>
 #include <QString>
 
+class AccountRepository;
+class CategoryRepository;
+class CategoryService;
 class Database;
+class PreferencesRepository;
+class ReconciliationRepository;
+class RecurringRepository;
+class SplitLineRepository;
+class ThemeManager;
+class TransactionRepository;
 
 // The composition root: owns the database and everything built on it, and is handed to every screen.
 // Its objects are children of it, so they are destroyed in the order they were made, the database first.
@@ -17,13 +26,36 @@ public:
     bool initialize();
 
     Database *database() const { return m_database; }
+    AccountRepository *accounts() const { return m_accounts; }
+    TransactionRepository *transactions() const { return m_transactions; }
+    CategoryRepository *categories() const { return m_categories; }
+    PreferencesRepository *preferences() const { return m_preferences; }
+    SplitLineRepository *splitLines() const { return m_splitLines; }
+    RecurringRepository *recurring() const { return m_recurring; }
+    ReconciliationRepository *reconciliations() const { return m_reconciliations; }
+    CategoryService *categoryService() const { return m_categoryService; }
+    ThemeManager *themeManager() const { return m_themeManager; }
+
     QString currentAccountId() const { return m_currentAccountId; }
+    // Remembers the choice for the next start; no signal when it is already current.
+    void setCurrentAccountId(const QString &id);
 
 signals:
     void currentAccountChanged(const QString &accountId);
     void databaseReady();
 
 private:
+    void applyAppearance();
+
     Database *m_database = nullptr;
+    AccountRepository *m_accounts = nullptr;
+    TransactionRepository *m_transactions = nullptr;
+    CategoryRepository *m_categories = nullptr;
+    PreferencesRepository *m_preferences = nullptr;
+    SplitLineRepository *m_splitLines = nullptr;
+    RecurringRepository *m_recurring = nullptr;
+    ReconciliationRepository *m_reconciliations = nullptr;
+    CategoryService *m_categoryService = nullptr;
+    ThemeManager *m_themeManager = nullptr;
     QString m_currentAccountId;
 };

@@ -2,9 +2,13 @@
 #include "core/Application.h"
 #include "core/DataDirectory.h"
 #include "core/Language.h"
+#include "core/ThemeManager.h"
+#include "data/CategoryRepository.h"
+#include "data/PreferencesRepository.h"
 #include "ui/Prompt.h"
 
 #include <QFile>
+#include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
 #include <QTemporaryDir>
@@ -50,6 +54,9 @@ private slots:
     void resolveLanguage_data();
     void resolveLanguage();
     void storedLanguageIsRead();
+    void preferencesAppliedAtStart_data();
+    void preferencesAppliedAtStart();
+    void currentAccountIsRememberedAcrossStarts();
 
 private:
     QTemporaryDir m_dir;
@@ -118,6 +125,7 @@ void TstApplication::startsAndMigratesFreshDirectory()
     QVERIFY(q.exec(QStringLiteral("SELECT COUNT(*) FROM schema_version")));
     QVERIFY(q.next());
     QCOMPARE(q.value(0).toInt(), 2);
+    QCOMPARE(state->categories()->count(), 56);
 }
 
 void TstApplication::filteredLog_data()
@@ -181,6 +189,68 @@ void TstApplication::storedLanguageIsRead()
     QCOMPARE(resolvedLanguage(false), QStringLiteral("fr"));
     QCOMPARE(resolvedLanguage(true), QStringLiteral("fr"));
     setLanguage(QStringLiteral("system"));
+}
+
+void TstApplication::preferencesAppliedAtStart_data()
+{
+    QTest::addColumn<QString>("fontScale");
+    QTest::addColumn<QString>("weekStartDay");
+    QTest::addColumn<int>("expectedScale");
+    QTest::addColumn<int>("expectedFirstDay"); // 0: the locale's
+    QTest::newRow("unset") << QString() << QString() << 100 << 0;
+    QTest::newRow("not a number") << "abc"
+                                  << "x" << 100 << 0;
+    QTest::newRow("too large") << "500"
+                               << "8" << 160 << 0;
+    QTest::newRow("too small") << "10"
+                               << "0" << 70 << 0;
+    QTest::newRow("in range") << "125"
+                              << "7" << 125 << int(Qt::Sunday);
+    QTest::newRow("monday") << "100"
+                            << "1" << 100 << int(Qt::Monday);
+}
+
+void TstApplication::preferencesAppliedAtStart()
+{
+    QFETCH(QString, fontScale);
+    QFETCH(QString, weekStartDay);
+    QFETCH(int, expectedScale);
+    QFETCH(int, expectedFirstDay);
+    const Qt::DayOfWeek localeDay = QLocale::system().firstDayOfWeek();
+    ThemeManager::setFirstDayOfWeek(localeDay);
+    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QString::fromLatin1(QTest::currentDataTag())).toUtf8());
+    {
+        AppState first;
+        QVERIFY(first.initialize());
+        if (!fontScale.isNull())
+            QVERIFY(first.preferences()->set(QStringLiteral("fontScale"), fontScale));
+        if (!weekStartDay.isNull())
+            QVERIFY(first.preferences()->set(QStringLiteral("weekStartDay"), weekStartDay));
+    }
+    AppState second;
+    QVERIFY(second.initialize());
+    QCOMPARE(ThemeManager::currentFontScale(), expectedScale);
+    QCOMPARE(int(ThemeManager::firstDayOfWeek()), expectedFirstDay ? expectedFirstDay : int(localeDay));
+    QCOMPARE(second.categories()->count(), 56); // seeded once, not again
+}
+
+void TstApplication::currentAccountIsRememberedAcrossStarts()
+{
+    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QStringLiteral("remembered")).toUtf8());
+    {
+        AppState first;
+        QVERIFY(first.initialize());
+        QVERIFY(first.currentAccountId().isEmpty());
+        QSignalSpy changed(&first, &AppState::currentAccountChanged);
+        first.setCurrentAccountId(QStringLiteral("acc-1"));
+        first.setCurrentAccountId(QStringLiteral("acc-1"));
+        QCOMPARE(changed.size(), 1);
+    }
+    AppState second;
+    QSignalSpy changed(&second, &AppState::currentAccountChanged);
+    QVERIFY(second.initialize());
+    QCOMPARE(second.currentAccountId(), QStringLiteral("acc-1"));
+    QCOMPARE(changed.size(), 0);
 }
 
 // The test needs our own Application, not the plain one QTEST_MAIN would make. QSettings and the
