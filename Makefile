@@ -1,5 +1,6 @@
 # make run   installs what is missing, builds and starts the program
 # make test  installs what is missing, builds and runs every test
+# make bench installs what is missing, builds and times the storage against the SQLite C API
 BUILD_DIR ?= build
 ASAN_DIR  ?= build-asan
 GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo Ninja || echo "Unix Makefiles")
@@ -25,6 +26,9 @@ run: build
 
 test: build
 	cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure
+
+bench: build
+	$(BUILD_DIR)/bench/ombrel_bench
 
 sanitize: deps
 	$(CONFIGURE) -B $(ASAN_DIR) -DOMBREL_SANITIZE=ON
