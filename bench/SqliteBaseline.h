@@ -1,7 +1,7 @@
 #pragma once
 
+#include "HouseholdGenerator.h"
 #include "core/RegisterRow.h"
-#include "support/HouseholdGenerator.h"
 
 #include <QList>
 #include <QString>

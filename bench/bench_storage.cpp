@@ -3,11 +3,11 @@
 
 #include "SqliteBaseline.h"
 
+#include "HouseholdGenerator.h"
 #include "data/CategoryRepository.h"
 #include "data/Database.h"
 #include "data/TransactionRepository.h"
 #include "services/CategoryService.h"
-#include "support/HouseholdGenerator.h"
 #include "support/TempDatabase.h"
 
 #include <QCoreApplication>

@@ -1,4 +1,4 @@
-#include "support/HouseholdGenerator.h"
+#include "HouseholdGenerator.h"
 
 #include "core/Dates.h"
 #include "core/Identifiers.h"

@@ -1,4 +1,4 @@
-#include "support/HouseholdGenerator.h"
+#include "HouseholdGenerator.h"
 #include "support/TempDatabase.h"
 
 #include <QCryptographicHash>
