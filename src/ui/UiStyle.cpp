@@ -1,0 +1,46 @@
+#include "ui/UiStyle.h"
+
+#include "core/ThemeManager.h"
+
+#include <QApplication>
+#include <QPalette>
+#include <QPushButton>
+#include <QWidget>
+
+void applyFontRole(QWidget *widget, int role, bool italic)
+{
+    widget->setProperty("halcFontRole", role);
+    QFont font = ThemeManager::fontForRole(role);
+    if (italic) {
+        widget->setProperty("halcFontItalic", true);
+        font.setItalic(true);
+    }
+    widget->setFont(font);
+}
+
+void applyPrimaryButtonStyle(QPushButton *button)
+{
+    button->setStyleSheet(
+        QStringLiteral("QPushButton { background-color: #00897B; color: white; border: none;"
+                       " border-radius: 4px; padding: 6px 16px; font-weight: 600;"
+                       " min-width: 80px; }"
+                       "QPushButton:hover { background-color: #00796B; }"
+                       "QPushButton:pressed { background-color: #004D40; }"));
+    button->setCursor(Qt::PointingHandCursor);
+}
+
+void applyLinkButtonStyle(QPushButton *button, const QColor &color)
+{
+    const QString text = color.isValid() ? QStringLiteral(" color: %1;").arg(color.name()) : QString();
+    button->setFlat(true);
+    button->setStyleSheet(
+        QStringLiteral("QPushButton { border: none; background: transparent; padding: 2px;%1 }"
+                       "QPushButton:hover { text-decoration: underline; }")
+            .arg(text));
+    button->setCursor(Qt::PointingHandCursor);
+}
+
+bool isDarkPalette()
+{
+    return QApplication::palette().color(QPalette::Window).lightness() < 128;
+}
