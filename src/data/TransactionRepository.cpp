@@ -160,6 +160,19 @@ QList<RegisterRow> TransactionRepository::getByAccountWithBalances(const QString
     return result;
 }
 
+qint64 TransactionRepository::getBalance(const QString &accountId) const
+{
+    QSqlQuery q(m_db->connection());
+    q.prepare(QStringLiteral(
+        "SELECT COALESCE((SELECT starting_balance FROM accounts WHERE id = ?), 0) + "
+        "COALESCE((SELECT SUM(amount) FROM transactions WHERE account_id = ? AND deleted_at IS NULL), 0)"));
+    q.addBindValue(accountId);
+    q.addBindValue(accountId);
+    if (!q.exec() || !q.next())
+        return 0;
+    return q.value(0).toLongLong();
+}
+
 QList<Transaction> TransactionRepository::getUnreconciled(const QString &accountId) const
 {
     QSqlQuery q(m_db->connection());

@@ -27,6 +27,9 @@ public:
     // Oldest first, each with the balance after it; a non-zero starting balance adds a made-up
     // "Opening Balance" row in front that is never stored.
     QList<RegisterRow> getByAccountWithBalances(const QString &accountId) const;
+    // The balance after the account's last row: what getByAccountWithBalances ends on, summed in SQL
+    // so that the account list does not read every row of every account on each change.
+    qint64 getBalance(const QString &accountId) const;
     QList<Transaction> getUnreconciled(const QString &accountId) const;
     std::optional<Transaction> getLastForPayee(const QString &payee, const QString &accountId) const;
     QStringList getPayees() const;

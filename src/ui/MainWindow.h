@@ -1,18 +1,80 @@
 #pragma once
 
+#include <QList>
 #include <QMainWindow>
+#include <QString>
 
 class AppState;
+class QAction;
+class QLabel;
+class QListWidget;
+class QListWidgetItem;
+class QShortcut;
+class QSplitter;
+class QStackedWidget;
+class StatusBar;
+class WelcomeScreen;
 
-// The program's one top-level window. It borrows AppState, which outlives it.
+// The program's one top-level window: the account list and its total on the left, a stack of pages
+// with the register at its centre, the menus and the status bar. It borrows AppState, which outlives it.
 class MainWindow : public QMainWindow {
     Q_OBJECT
 public:
     explicit MainWindow(AppState *state, QWidget *parent = nullptr);
     ~MainWindow() override;
 
+    // For tests and the screenshot tool: which page the stack shows.
+    QWidget *currentPage() const;
+    QWidget *welcomePage() const;
+    QWidget *registerPage() const;
+    QWidget *emptyPage() const;
+
+public slots:
+    void onAccountClicked(QListWidgetItem *item);
+    void onAccountsChanged();
+    void selectAccount(const QString &accountId);
+    void showNewAccountDialog();
+    void showEditAccountDialog();
+    void showReportsWindow();
+    void showRecurringWindow();
+    void showSearchWindow();
+    void showCategoriesWindow();
+    void showSettingsWindow();
+    void showReconciliationWindow();
+    void showReconciliationHistoryWindow();
+    void showImportWindow();
+    void showPayeesWindow();
+    void showShareAccountDialog();
+    void onAccountContextMenu(const QPoint &pos);
+    void deleteAccount(const QString &accountId);
+    void deleteCurrentAccount();
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+
 private:
-    void setupUi();
+    void setupMenuBar();
+    void setupAccountList();
+    void updateAuthUI();
+    QWidget *buildEmptyPage();
+    void rebuildListStyle();
+    void rebuildShortcuts();
+    void showInitialPage();
+    void showNoAccountPage();
+    bool hasCurrentAccount();
+    void showKeyboardShortcuts();
+    void showAbout();
 
     AppState *m_state = nullptr;
+    QListWidget *m_accountList = nullptr;
+    QLabel *m_totalLabel = nullptr;
+    QSplitter *m_splitter = nullptr;
+    WelcomeScreen *m_welcomePage = nullptr;
+    QWidget *m_registerPage = nullptr;
+    QWidget *m_emptyPage = nullptr;
+    QStackedWidget *m_stack = nullptr;
+    QAction *m_signOutAction = nullptr;
+    QAction *m_accountAction = nullptr;
+    StatusBar *m_statusBar = nullptr;
+    QList<QShortcut *> m_accountShortcuts;
 };

@@ -1,11 +1,13 @@
 #include "ui/Prompt.h"
 
+#include <QDialog>
 #include <QList>
 
 namespace {
 
 struct Scripted {
     QList<QMessageBox::StandardButton> answers;
+    QList<std::function<int(QDialog *)>> dialogHandlers;
     QString lastTitle;
     QString lastText;
 };
@@ -47,6 +49,45 @@ QMessageBox::StandardButton Prompt::question(QWidget *parent, const QString &tit
     if (takeScripted(title, text, &answer))
         return answer;
     return QMessageBox::question(parent, title, text, buttons, defaultButton);
+}
+
+QMessageBox::StandardButton Prompt::warning(QWidget *parent, const QString &title, const QString &text,
+                                            QMessageBox::StandardButtons buttons,
+                                            QMessageBox::StandardButton defaultButton)
+{
+    QMessageBox::StandardButton answer;
+    if (takeScripted(title, text, &answer))
+        return answer;
+    return QMessageBox::warning(parent, title, text, buttons, defaultButton);
+}
+
+void Prompt::information(QWidget *parent, const QString &title, const QString &text)
+{
+    QMessageBox::StandardButton answer;
+    if (takeScripted(title, text, &answer))
+        return;
+    QMessageBox::information(parent, title, text);
+}
+
+void Prompt::about(QWidget *parent, const QString &title, const QString &text)
+{
+    QMessageBox::StandardButton answer;
+    if (takeScripted(title, text, &answer))
+        return;
+    QMessageBox::about(parent, title, text);
+}
+
+int Prompt::exec(QDialog *dialog)
+{
+    Scripted &s = scripted();
+    if (!s.dialogHandlers.isEmpty())
+        return s.dialogHandlers.takeFirst()(dialog);
+    return dialog->exec();
+}
+
+void Prompt::setNextDialogHandler(std::function<int(QDialog *)> handler)
+{
+    scripted().dialogHandlers.append(std::move(handler));
 }
 
 void Prompt::setNextAnswer(QMessageBox::StandardButton answer)

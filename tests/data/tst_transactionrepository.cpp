@@ -90,6 +90,7 @@ void TstTransactionRepository::runningBalance()
     for (const RegisterRow &r : rows)
         got << r.runningBalance;
     QCOMPARE(got, balances);
+    QCOMPARE(m_repo->getBalance(kAccount), balances.isEmpty() ? starting : balances.last());
     if (starting != 0) {
         const RegisterRow &opening = rows.first();
         QVERIFY(opening.id.isEmpty());

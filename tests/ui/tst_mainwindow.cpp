@@ -1,0 +1,245 @@
+#include "core/AppState.h"
+#include "core/Dates.h"
+#include "data/AccountRepository.h"
+#include "data/ReconciliationRepository.h"
+#include "data/RecurringRepository.h"
+#include "data/TransactionRepository.h"
+#include "support/Fixtures.h"
+#include "ui/MainWindow.h"
+#include "ui/Prompt.h"
+
+#include <QApplication>
+#include <QDialog>
+#include <QDoubleSpinBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QShortcut>
+#include <QTemporaryDir>
+#include <QTest>
+
+#include <memory>
+
+class TstMainWindow : public QObject {
+    Q_OBJECT
+private slots:
+    void init();
+    void cleanup();
+    void listShowsBalancesAndAddsCurrenciesIntoTheTotal();
+    void tenAccountsGetAltShortcutsAndTheEleventhNone();
+    void newAccountWritesOneOpeningTransaction_data();
+    void newAccountWritesOneOpeningTransaction();
+    void deleteCascadesAndLeavesTheRegister_data();
+    void deleteCascadesAndLeavesTheRegister();
+    void initialPage_data();
+    void initialPage();
+
+private:
+    // A fresh data directory, AppState and window; accounts are added before the window is built.
+    void start(const QList<Account> &accounts = {});
+
+    QTemporaryDir m_dir;
+    int m_run = 0;
+    std::unique_ptr<AppState> m_state;
+    std::unique_ptr<MainWindow> m_window;
+};
+
+void TstMainWindow::init()
+{
+    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QStringLiteral("run%1").arg(++m_run)).toUtf8());
+    m_state = std::make_unique<AppState>();
+    QVERIFY(m_state->initialize());
+}
+
+void TstMainWindow::cleanup()
+{
+    m_window.reset();
+    m_state.reset();
+}
+
+void TstMainWindow::start(const QList<Account> &accounts)
+{
+    for (const Account &a : accounts)
+        QVERIFY(m_state->accounts()->insert(a));
+    m_window = std::make_unique<MainWindow>(m_state.get());
+    m_window->show();
+}
+
+void TstMainWindow::listShowsBalancesAndAddsCurrenciesIntoTheTotal()
+{
+    Account usd = Fixtures::account(QStringLiteral("usd"), QStringLiteral("Checking"));
+    Account yen = Fixtures::account(QStringLiteral("yen"), QStringLiteral("Tokyo"), 5000);
+    yen.currency = Currency::JPY;
+    start({usd, yen});
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("t"), QStringLiteral("usd"), QDate(2026, 1, 1), QStringLiteral("Rent"), -12550)));
+
+    auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
+    QCOMPARE(list->count(), 2);
+    QStringList amounts;
+    for (int row = 0; row < list->count(); ++row) {
+        for (const QLabel *label : list->itemWidget(list->item(row))->findChildren<QLabel *>()) {
+            if (label->text().contains(QLatin1String("$")) || label->text().contains(QStringLiteral("¥")))
+                amounts << label->text();
+        }
+    }
+    QCOMPARE(amounts, (QStringList{"-$125.50", "¥5,000"}));
+    // 5000 yen and -12550 cents added as plain numbers, then shown as dollars.
+    QCOMPARE(m_window->findChild<QLabel *>(QStringLiteral("totalLabel"))->text(),
+             QStringLiteral("Total: -$75.50"));
+}
+
+void TstMainWindow::tenAccountsGetAltShortcutsAndTheEleventhNone()
+{
+    QList<Account> accounts;
+    for (int i = 0; i < 11; ++i) {
+        Account a = Fixtures::account(QStringLiteral("a%1").arg(i),
+                                      QStringLiteral("Account %1").arg(i, 2, 10, QLatin1Char('0')));
+        a.sortOrder = i;
+        accounts << a;
+    }
+    start(accounts);
+    const QList<QShortcut *> shortcuts = m_window->findChildren<QShortcut *>();
+    QStringList keys;
+    for (const QShortcut *s : shortcuts)
+        keys << s->key().toString(QKeySequence::PortableText);
+    keys.sort();
+    QCOMPARE(keys, (QStringList{"Alt+0", "Alt+1", "Alt+2", "Alt+3", "Alt+4", "Alt+5", "Alt+6", "Alt+7",
+                                "Alt+8", "Alt+9"}));
+    for (QShortcut *s : shortcuts) {
+        if (s->key() == QKeySequence(QStringLiteral("Alt+0")))
+            emit s->activated();
+    }
+    QCOMPARE(m_state->currentAccountId(), QStringLiteral("a9"));
+}
+
+void TstMainWindow::newAccountWritesOneOpeningTransaction_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<double>("balance");
+    QTest::addColumn<int>("accounts");
+    QTest::addColumn<int>("transactions");
+    QTest::newRow("with balance") << "Savings" << 1234.56 << 1 << 1;
+    QTest::newRow("negative balance") << "Visa" << -0.01 << 1 << 1;
+    QTest::newRow("zero balance") << "Wallet" << 0.0 << 1 << 0;
+    QTest::newRow("name of spaces") << "   " << 50.0 << 0 << 0;
+}
+
+void TstMainWindow::newAccountWritesOneOpeningTransaction()
+{
+    QFETCH(QString, name);
+    QFETCH(double, balance);
+    QFETCH(int, accounts);
+    QFETCH(int, transactions);
+    start();
+    Prompt::setNextDialogHandler([&](QDialog *dialog) {
+        dialog->findChild<QLineEdit *>(QStringLiteral("nameEdit"))->setText(name);
+        dialog->findChild<QDoubleSpinBox *>(QStringLiteral("balanceSpin"))->setValue(balance);
+        return int(QDialog::Accepted);
+    });
+    m_window->showNewAccountDialog();
+
+    const QList<Account> all = m_state->accounts()->getAll();
+    QCOMPARE(all.size(), accounts);
+    if (accounts == 0) {
+        QCOMPARE(m_window->currentPage(), m_window->welcomePage());
+        return;
+    }
+    QCOMPARE(all.first().startingBalance, qint64(0));
+    const QList<Transaction> rows = m_state->transactions()->getByAccount(all.first().id);
+    QCOMPARE(rows.size(), transactions);
+    if (transactions == 1) {
+        QCOMPARE(rows.first().amount, qint64(std::llround(balance * 100)));
+        QCOMPARE(rows.first().payee, QStringLiteral("Opening Balance"));
+        QVERIFY(rows.first().cleared && rows.first().reconciled);
+    }
+    QCOMPARE(m_state->currentAccountId(), all.first().id);
+    QCOMPARE(m_window->currentPage(), m_window->registerPage());
+}
+
+void TstMainWindow::deleteCascadesAndLeavesTheRegister_data()
+{
+    QTest::addColumn<bool>("confirm");
+    QTest::newRow("confirmed") << true;
+    QTest::newRow("refused") << false;
+}
+
+void TstMainWindow::deleteCascadesAndLeavesTheRegister()
+{
+    QFETCH(bool, confirm);
+    start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))});
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("t"), QStringLiteral("a"), QDate(2026, 1, 1), QStringLiteral("P"), -1)));
+    RecurringTransaction rule;
+    rule.id = QStringLiteral("r");
+    rule.accountId = QStringLiteral("a");
+    rule.payee = QStringLiteral("Rent");
+    rule.startDate = rule.nextDueDate = QDate(2026, 2, 1);
+    rule.createdAt = rule.updatedAt = utcNow();
+    QVERIFY(m_state->recurring()->insert(rule));
+    Reconciliation rec;
+    rec.id = QStringLiteral("rc");
+    rec.accountId = QStringLiteral("a");
+    rec.statementDate = QDate(2026, 1, 31);
+    rec.completedAt = utcNow();
+    QVERIFY(m_state->reconciliations()->insert(rec));
+    QCOMPARE(m_state->currentAccountId(), QStringLiteral("a"));
+
+    Prompt::setNextAnswer(confirm ? QMessageBox::Yes : QMessageBox::No);
+    if (confirm)
+        QTest::ignoreMessage(QtInfoMsg,
+                             "Cascade delete account a → transactions: 1 recurrings: 1 reconciliations: 1");
+    m_window->deleteCurrentAccount();
+
+    QCOMPARE(Prompt::lastTitle(), QStringLiteral("Delete Account"));
+    QCOMPARE(bool(m_state->accounts()->getById(QStringLiteral("a"))->deletedAt), confirm);
+    QCOMPARE(bool(m_state->transactions()->getById(QStringLiteral("t"))->deletedAt), confirm);
+    QCOMPARE(bool(m_state->recurring()->getById(QStringLiteral("r"))->deletedAt), confirm);
+    QCOMPARE(m_state->reconciliations()->getByAccount(QStringLiteral("a")).isEmpty(), confirm);
+    QCOMPARE(m_state->currentAccountId().isEmpty(), confirm);
+    QCOMPARE(m_window->currentPage(), confirm ? m_window->welcomePage() : m_window->registerPage());
+}
+
+void TstMainWindow::initialPage_data()
+{
+    QTest::addColumn<QStringList>("accounts"); // ids; listed in this order
+    QTest::addColumn<QString>("lastViewed");
+    QTest::addColumn<QString>("expected"); // empty: the welcome page
+    QTest::newRow("no accounts") << QStringList{} << QString() << QString();
+    QTest::newRow("remembered") << QStringList{"a", "b"} << "b"
+                                << "b";
+    QTest::newRow("remembered one gone") << QStringList{"a", "b"} << "zz"
+                                         << "a";
+    QTest::newRow("nothing remembered") << QStringList{"a", "b"} << QString() << "a";
+}
+
+void TstMainWindow::initialPage()
+{
+    QFETCH(QStringList, accounts);
+    QFETCH(QString, lastViewed);
+    QFETCH(QString, expected);
+    QList<Account> records;
+    for (int i = 0; i < accounts.size(); ++i) {
+        Account a = Fixtures::account(accounts.at(i), accounts.at(i));
+        a.sortOrder = i;
+        records << a;
+    }
+    if (!lastViewed.isEmpty())
+        m_state->setCurrentAccountId(lastViewed);
+    start(records);
+    QCOMPARE(m_state->currentAccountId(), expected.isEmpty() ? lastViewed : expected);
+    QCOMPARE(m_window->currentPage(),
+             expected.isEmpty() ? m_window->welcomePage() : m_window->registerPage());
+}
+
+// Settings and data go to temporary places so the user's own are never touched.
+int main(int argc, char *argv[])
+{
+    QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.filePath(QStringLiteral("config")).toUtf8());
+    QApplication app(argc, argv);
+    TstMainWindow test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "tst_mainwindow.moc"
