@@ -276,11 +276,16 @@ QWidget *MainWindow::buildEmptyPage()
 
     auto *hint = new QLabel(tr("You can also import transactions from a CSV file via File › Import."), page);
     hint->setWordWrap(true);
-    hint->setMaximumWidth(480);
+    hint->setFixedWidth(480);
     hint->setAlignment(Qt::AlignCenter);
     applyFontRole(hint, 2);
     hint->setStyleSheet(QStringLiteral("color: %1;").arg(QLatin1String(kMuted)));
     layout->addWidget(hint, 0, Qt::AlignHCenter);
+    // A centred layout hands a wrapped label its plain size hint, too narrow and too short for the
+    // sentence; it gets the full width and the height that width needs, again when the font grows.
+    const auto fitHint = [hint] { hint->setMinimumHeight(hint->heightForWidth(hint->width())); };
+    fitHint();
+    connect(m_state->themeManager(), &ThemeManager::fontScaleChanged, hint, fitHint);
 
     connect(create, &QPushButton::clicked, this, &MainWindow::showNewAccountDialog);
     return page;
@@ -434,8 +439,10 @@ void MainWindow::onAccountsChanged()
 
         auto *item = new QListWidgetItem(m_accountList);
         item->setData(Qt::UserRole, account.id);
-        item->setSizeHint(QSize(m_accountList->viewport()->width(), row->sizeHint().height() + 10));
         m_accountList->setItemWidget(item, row);
+        // The item's style-sheet padding (7 px above and below) is taken out of the rect the row widget
+        // gets, so it is added to the 10 px of room; without it the names lose their descenders.
+        item->setSizeHint(QSize(m_accountList->viewport()->width(), row->sizeHint().height() + 10 + 2 * 7));
     }
 
     m_statusBar->setAccountCount(int(accounts.size()));
