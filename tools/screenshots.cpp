@@ -1,0 +1,210 @@
+// Renders each page in the light and dark theme at the normal and a large font scale, one PNG each:
+//   QT_QPA_PLATFORM=offscreen ombrel_screenshots <output directory>
+
+#include "core/AppIdentity.h"
+#include "core/AppState.h"
+#include "core/Dates.h"
+#include "core/ThemeManager.h"
+#include "data/AccountRepository.h"
+#include "data/CategoryRepository.h"
+#include "data/TransactionRepository.h"
+#include "ui/AccountFormDialog.h"
+#include "ui/CategoryFormDialog.h"
+#include "ui/MainWindow.h"
+#include "ui/RecurringFormDialog.h"
+#include "ui/StatusBar.h"
+#include "ui/WelcomeScreen.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QStackedWidget>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QVBoxLayout>
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+struct Page {
+    const char *name;
+    QSize size;
+    std::function<QWidget *()> create;
+};
+
+// A status bar alone is all margin; below a stand-in page it reads as it does in the window.
+QWidget *statusBarFrame()
+{
+    auto *frame = new QWidget;
+    auto *layout = new QVBoxLayout(frame);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(new QLabel(QStringLiteral("Register")), 1, Qt::AlignCenter);
+    auto *bar = new StatusBar(frame);
+    bar->setAccountCount(3);
+    bar->setRecurringDue(2);
+    bar->setSyncText(QStringLiteral("Synced"));
+    bar->showProgress(QStringLiteral("Importing transactions…"));
+    layout->addWidget(bar);
+    return frame;
+}
+
+AppState *g_state = nullptr;
+
+// A household with the kinds of account the panel draws differently: long names, negative and
+// foreign balances, last four digits.
+void addAccounts()
+{
+    struct Row {
+        const char *name;
+        AccountType type;
+        Currency currency;
+        qint64 balance;
+        const char *last4;
+    } rows[] = {
+  // clang-format off
+        {"Everyday Checking",                     AccountType::Checking,   Currency::USD, 254312,    "4821"},
+        {"Emergency Savings",                     AccountType::Savings,    Currency::USD, 1250000,   ""    },
+        {"Visa Rewards Card with a very long name", AccountType::CreditCard, Currency::USD, -184577,  "0093"},
+        {"Wallet",                                AccountType::Cash,       Currency::EUR, 4250,      ""    },
+        {"Brokerage",                             AccountType::Investment, Currency::JPY, 1520000,   ""    },
+  // clang-format on
+    };
+    int order = 0;
+    for (const Row &r : rows) {
+        Account a;
+        a.id = QStringLiteral("acc-%1").arg(order);
+        a.name = QString::fromUtf8(r.name);
+        a.accountType = r.type;
+        a.currency = r.currency;
+        a.accountNumberLast4 = QString::fromLatin1(r.last4);
+        a.sortOrder = order++;
+        a.createdAt = a.updatedAt = utcNow();
+        g_state->accounts()->insert(a);
+        Transaction t;
+        t.id = a.id + QStringLiteral("-open");
+        t.accountId = a.id;
+        t.date = QDate(2026, 1, 1);
+        t.payee = QStringLiteral("Opening Balance");
+        t.amount = r.balance;
+        t.createdAt = t.updatedAt = a.createdAt;
+        g_state->transactions()->insert(t);
+    }
+}
+
+QWidget *mainWindow()
+{
+    return new MainWindow(g_state);
+}
+
+// The empty-state page shows only to a signed-in user with no account; this shows it without signing in.
+QWidget *emptyStatePage()
+{
+    auto *window = new MainWindow(g_state);
+    window->findChild<QStackedWidget *>()->setCurrentWidget(window->emptyPage());
+    return window;
+}
+
+QWidget *accountForm()
+{
+    return new AccountFormDialog;
+}
+
+QWidget *subcategoryForm()
+{
+    return new CategoryFormDialog(QStringLiteral("p"), QStringLiteral("Housing"));
+}
+
+QWidget *recurringForm()
+{
+    RecurringTransaction rule;
+    rule.id = QStringLiteral("r");
+    rule.accountId = QStringLiteral("acc-0");
+    rule.payee = QStringLiteral("City Water Utility");
+    rule.amount = -4599;
+    rule.startDate = rule.nextDueDate = QDate(2026, 1, 15);
+    return new RecurringFormDialog(rule, g_state->accounts()->getAll(), g_state->categories()->getAll());
+}
+
+const QSize kPageSize(1000, 700);
+const QSize kWindowSize(1280, 800);
+const QSize kBarSize(900, 120);
+
+// One line a page.
+// clang-format off
+const Page kPages[] = {
+    {"welcome",       kPageSize,     [] { return new WelcomeScreen; }},
+    {"statusbar",     kBarSize,      statusBarFrame                  },
+    {"window",        kWindowSize,   mainWindow                      },
+    {"empty",         kWindowSize,   emptyStatePage                  },
+    {"accountform",   QSize(420, 0), accountForm                     },
+    {"categoryform",  QSize(440, 0), subcategoryForm                 },
+    {"recurringform", QSize(520, 0), recurringForm                   },
+};
+// clang-format on
+
+bool render(const Page &page, const QString &path)
+{
+    std::unique_ptr<QWidget> widget(page.create());
+    // A height of 0 lets a dialog take the height its form asks for.
+    widget->resize(page.size.width(),
+                   page.size.height() > 0 ? page.size.height() : widget->sizeHint().height());
+    widget->show();
+    QApplication::processEvents();
+    return widget->grab().save(path);
+}
+
+} // namespace
+
+int main(int argc, char *argv[])
+{
+    QApplication app(argc, argv);
+    QTextStream err(stderr);
+    if (argc < 2) {
+        err << "usage: ombrel_screenshots <output directory>\n";
+        return 2;
+    }
+    const QDir out(QString::fromLocal8Bit(argv[1]));
+    if (!QDir().mkpath(out.path())) {
+        err << "cannot create " << out.path() << "\n";
+        return 1;
+    }
+    QFontDatabase::addApplicationFont(QString::fromLatin1(AppIdentity::kIconFont));
+
+    // A data directory and settings of its own: the user's are never touched.
+    QTemporaryDir dataDir;
+    qputenv("OMBREL_DATA_DIR", dataDir.filePath(QStringLiteral("data")).toUtf8());
+    qputenv("XDG_CONFIG_HOME", dataDir.filePath(QStringLiteral("config")).toUtf8());
+    AppState state;
+    if (!dataDir.isValid() || !state.initialize()) {
+        err << "cannot open a temporary database\n";
+        return 1;
+    }
+    g_state = &state;
+    addAccounts();
+    ThemeManager &theme = *state.themeManager();
+
+    const std::pair<ThemeManager::Theme, const char *> themes[] = {
+        {ThemeManager::Light, "light"},
+        {ThemeManager::Dark,  "dark" },
+    };
+    int failures = 0;
+    for (const auto &[value, themeName] : themes) {
+        theme.setTheme(value);
+        for (const int scale : {100, 150}) {
+            theme.setFontScale(scale);
+            for (const Page &page : kPages) {
+                const QString path = out.filePath(QStringLiteral("%1-%2-%3.png")
+                                                      .arg(QLatin1String(page.name), QLatin1String(themeName))
+                                                      .arg(scale));
+                if (!render(page, path)) {
+                    err << "cannot write " << path << "\n";
+                    ++failures;
+                }
+            }
+        }
+    }
+    return failures == 0 ? 0 : 1;
+}
