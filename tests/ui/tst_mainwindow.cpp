@@ -27,6 +27,7 @@ private slots:
     void cleanup();
     void listShowsBalancesAndAddsCurrenciesIntoTheTotal();
     void tenAccountsGetAltShortcutsAndTheEleventhNone();
+    void draggingAnAccountStoresTheNewOrder();
     void newAccountWritesOneOpeningTransaction_data();
     void newAccountWritesOneOpeningTransaction();
     void deleteCascadesAndLeavesTheRegister_data();
@@ -111,6 +112,24 @@ void TstMainWindow::tenAccountsGetAltShortcutsAndTheEleventhNone()
             emit s->activated();
     }
     QCOMPARE(m_state->currentAccountId(), QStringLiteral("a9"));
+}
+
+void TstMainWindow::draggingAnAccountStoresTheNewOrder()
+{
+    QList<Account> accounts;
+    for (const char *id : {"a", "b", "c"}) {
+        Account a = Fixtures::account(QString::fromLatin1(id), QString::fromLatin1(id));
+        a.sortOrder = int(accounts.size());
+        accounts << a;
+    }
+    start(accounts);
+    auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
+    // What a drop does: the list moves the row within its own model.
+    QVERIFY(list->model()->moveRow(QModelIndex(), 2, QModelIndex(), 0));
+    QStringList order;
+    for (const Account &a : m_state->accounts()->getAll())
+        order << a.id;
+    QCOMPARE(order, (QStringList{"c", "a", "b"}));
 }
 
 void TstMainWindow::newAccountWritesOneOpeningTransaction_data()
