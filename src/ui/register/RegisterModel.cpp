@@ -297,9 +297,9 @@ void RegisterModel::setEditingRow(int row)
     const int old = m_editingRow;
     m_editingRow = row;
     if (old >= 0)
-        emit dataChanged(index(old, 0), index(old, Balance));
+        emitRowChanged(old);
     if (row >= 0)
-        emit dataChanged(index(row, 0), index(row, Balance));
+        emitRowChanged(row);
 }
 
 int RegisterModel::findRowById(const QString &id) const
@@ -335,6 +335,17 @@ QString RegisterModel::pendingText(int column) const
     case Cleared: return m_pendingCleared;
     default: return {};
     }
+}
+
+void RegisterModel::setPendingText(int column, const QString &text)
+{
+    if (QString *field = pendingField(column))
+        *field = text;
+}
+
+void RegisterModel::emitRowChanged(int row)
+{
+    emit dataChanged(index(row, 0), index(row, Balance));
 }
 
 QString *RegisterModel::pendingField(int column)

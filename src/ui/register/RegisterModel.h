@@ -47,6 +47,9 @@ public:
 
     // The buffer holds what was typed, as typed, until the screen turns it into a record.
     QString pendingText(int column) const;
+    // Writes the buffer without telling the view: the caller emits once for a whole fill-in.
+    void setPendingText(int column, const QString &text);
+    void emitRowChanged(int row);
     QString pendingCategoryId() const { return m_pendingCategoryId; }
     void setPendingCategoryId(const QString &id) { m_pendingCategoryId = id; }
     QString lastEnteredDate() const { return m_lastEnteredDate; }
