@@ -14,6 +14,7 @@
 #include "ui/StatusBar.h"
 #include "ui/UiStyle.h"
 #include "ui/WelcomeScreen.h"
+#include "ui/register/RegisterScreen.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -121,8 +122,7 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
 
     setupMenuBar();
 
-    // The register arrives with its own screen; until then the page stands empty.
-    m_registerPage = new QWidget(this);
+    m_registerPage = new RegisterScreen(m_state, this);
     m_registerPage->setObjectName(QStringLiteral("registerPage"));
     m_welcomePage = new WelcomeScreen(this);
     m_emptyPage = buildEmptyPage();
@@ -148,6 +148,16 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
     });
     connect(m_state->themeManager(), &ThemeManager::fontScaleChanged, this, &MainWindow::rebuildListStyle);
     connect(m_welcomePage, &WelcomeScreen::createAccountRequested, this, &MainWindow::showNewAccountDialog);
+    connect(m_registerPage, &RegisterScreen::reconcileRequested, this, &MainWindow::showReconciliationWindow);
+    connect(m_registerPage, &RegisterScreen::errorMessage, this,
+            [this](const QString &text) { m_statusBar->showTimedMessage(text, kStatusLong); });
+    connect(m_state->preferences(), &PreferencesRepository::changed, this, [this](const QString &key) {
+        static const QStringList keys{QStringLiteral("registerTwoLine"),
+                                      QStringLiteral("registerNewestFirst"), QStringLiteral("weekStartDay"),
+                                      QStringLiteral("theme")};
+        if (keys.contains(key))
+            m_registerPage->refresh();
+    });
 
     onAccountsChanged();
     showInitialPage();
@@ -178,7 +188,11 @@ QWidget *MainWindow::emptyPage() const
 void MainWindow::setupMenuBar()
 {
     QMenu *file = menuBar()->addMenu(tr("&File"));
-    QAction *newTransaction = file->addAction(tr("&New Transaction"));
+    // The register's own insert-new, not its dialog: the row is typed in place.
+    QAction *newTransaction = file->addAction(tr("&New Transaction"), this, [this] {
+        if (m_stack->currentWidget() == m_registerPage)
+            m_registerPage->insertNewRow();
+    });
     newTransaction->setShortcut(QKeySequence(QStringLiteral("Ctrl+N")));
     QAction *newAccount = file->addAction(tr("New &Account"), this, &MainWindow::showNewAccountDialog);
     newAccount->setShortcut(QKeySequence(QStringLiteral("Ctrl+Shift+N")));
@@ -481,6 +495,7 @@ void MainWindow::onAccountClicked(QListWidgetItem *item)
 void MainWindow::selectAccount(const QString &accountId)
 {
     m_state->setCurrentAccountId(accountId);
+    m_registerPage->setAccount(accountId);
     m_stack->setCurrentWidget(m_registerPage);
     for (int row = 0; row < m_accountList->count(); ++row) {
         if (m_accountList->item(row)->data(Qt::UserRole).toString() == accountId)
@@ -564,6 +579,7 @@ void MainWindow::showEditAccountDialog()
     if (Prompt::exec(&dialog) != QDialog::Accepted)
         return;
     m_state->accounts()->update(dialog.account());
+    m_registerPage->refresh();
 }
 
 // The screens behind these entries come with their own work; the entries stand in the menus already.

@@ -12,6 +12,7 @@ class QListWidgetItem;
 class QShortcut;
 class QSplitter;
 class QStackedWidget;
+class RegisterScreen;
 class StatusBar;
 class WelcomeScreen;
 
@@ -70,7 +71,7 @@ private:
     QLabel *m_totalLabel = nullptr;
     QSplitter *m_splitter = nullptr;
     WelcomeScreen *m_welcomePage = nullptr;
-    QWidget *m_registerPage = nullptr;
+    RegisterScreen *m_registerPage = nullptr;
     QWidget *m_emptyPage = nullptr;
     QStackedWidget *m_stack = nullptr;
     QAction *m_signOutAction = nullptr;

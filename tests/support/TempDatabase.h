@@ -15,6 +15,9 @@ public:
     // Opens the file; with migrate, also brings it to the current schema. False on any failure.
     bool open(bool migrate = true);
     Database *database() const { return m_database.get(); }
+    // Closes the connection but keeps the file, so that the program (an AppState) can open it.
+    void close() { m_database.reset(); }
+    QString directory() const { return m_dir.path(); }
     QString path() const { return m_dir.filePath(QStringLiteral("ombrel.db")); }
 
     // Runs one statement, for setting up rows a test needs; fails the caller's QVERIFY on error.

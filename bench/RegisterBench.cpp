@@ -1,0 +1,101 @@
+#include "RegisterBench.h"
+
+#include "core/AppState.h"
+#include "data/TransactionRepository.h"
+#include "ui/register/RegisterModel.h"
+#include "ui/register/RegisterScreen.h"
+#include "ui/register/RegisterTableView.h"
+
+#include <QCoreApplication>
+#include <QDate>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QUuid>
+
+#include <algorithm>
+#include <vector>
+
+namespace {
+
+double medianOf(std::vector<double> values)
+{
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+template <typename F>
+double timeMs(F &&work)
+{
+    QElapsedTimer timer;
+    timer.start();
+    work();
+    return double(timer.nsecsElapsed()) / 1e6;
+}
+
+qint64 residentKiB()
+{
+    QFile status(QStringLiteral("/proc/self/status"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    for (const QByteArray &line : status.readAll().split('\n')) {
+        if (line.startsWith("VmRSS:"))
+            return line.mid(6).trimmed().split(' ').value(0).toLongLong();
+    }
+    return 0;
+}
+
+} // namespace
+
+RegisterBenchResult measureRegister(const QString &dataDirectory, const QString &accountId, int runs)
+{
+    RegisterBenchResult result;
+    qputenv("OMBREL_DATA_DIR", dataDirectory.toUtf8());
+    AppState state;
+    if (!state.initialize())
+        return result;
+    RegisterScreen screen(&state);
+    screen.resize(1280, 800);
+    screen.show();
+    QCoreApplication::processEvents();
+
+    // A painted table is the user's measure: the viewport repaints synchronously inside the timing.
+    const auto paint = [&] { screen.view()->viewport()->repaint(); };
+    std::vector<double> open, openRepository, commit, commitRepository;
+    for (int i = 0; i < runs; ++i) {
+        open.push_back(timeMs([&] {
+            screen.setAccount(accountId);
+            paint();
+        }));
+        openRepository.push_back(timeMs([&] { state.transactions()->getByAccountWithBalances(accountId); }));
+    }
+    result.residentKiB = residentKiB();
+
+    for (int i = 0; i < runs; ++i) {
+        RegisterModel *model = screen.model();
+        const int row = model->newRowIndex();
+        model->setData(model->index(row, RegisterModel::Payee), QStringLiteral("Bench Coffee"));
+        model->setData(model->index(row, RegisterModel::Payment), QStringLiteral("3.75"));
+        screen.view()->setCurrentIndex(model->index(row, RegisterModel::Payment));
+        commit.push_back(timeMs([&] {
+            screen.commitCurrentRow();
+            paint();
+        }));
+        Transaction t;
+        t.id = QUuid::createUuid().toString(QUuid::WithoutBraces);
+        t.accountId = accountId;
+        t.date = QDate::currentDate();
+        t.payee = QStringLiteral("Bench Coffee");
+        t.amount = -375;
+        t.createdAt = t.updatedAt = QDateTime::currentDateTimeUtc();
+        commitRepository.push_back(timeMs([&] {
+            state.transactions()->insert(t);
+            state.transactions()->getByAccountWithBalances(accountId);
+        }));
+    }
+    result.openMs = medianOf(open);
+    result.openRepositoryMs = medianOf(openRepository);
+    result.commitMs = medianOf(commit);
+    result.commitRepositoryMs = medianOf(commitRepository);
+    result.ok = true;
+    return result;
+}

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+// The register screen on a large account, driven in-process as a user would: opening the account to
+// a painted table, and committing a new row to a repainted table with its new balance.
+struct RegisterBenchResult {
+    bool ok = false;
+    double openMs = 0;
+    double openRepositoryMs = 0;
+    double commitMs = 0;
+    double commitRepositoryMs = 0;
+    qint64 residentKiB = 0; // with the account open
+};
+
+RegisterBenchResult measureRegister(const QString &dataDirectory, const QString &accountId, int runs);
