@@ -243,14 +243,18 @@ void RegisterModel::sortRows()
     const int column = m_sortColumn;
     const bool ascending = m_sortOrder == Qt::AscendingOrder;
     // Equal keys show the newest first in both directions; equal dates keep the repository's order.
-    std::stable_sort(m_rows.begin(), m_rows.end(),
-                     [column, ascending](const RegisterRow &a, const RegisterRow &b) {
-                         if (lessByColumn(a, b, column))
-                             return ascending;
-                         if (lessByColumn(b, a, column))
-                             return !ascending;
-                         return a.date > b.date;
-                     });
+    const auto before = [column, ascending](const RegisterRow &a, const RegisterRow &b) {
+        if (lessByColumn(a, b, column))
+            return ascending;
+        if (lessByColumn(b, a, column))
+            return !ascending;
+        return a.date > b.date;
+    };
+    // The repository's order is the ascending date order: checked on the shared list, it saves
+    // copying and sorting a large account on every refresh.
+    if (std::is_sorted(m_rows.cbegin(), m_rows.cend(), before))
+        return;
+    std::stable_sort(m_rows.begin(), m_rows.end(), before);
 }
 
 void RegisterModel::setTransactions(const QList<RegisterRow> &rows)
