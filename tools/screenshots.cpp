@@ -7,6 +7,7 @@
 #include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
 #include "data/CategoryRepository.h"
+#include "data/PreferencesRepository.h"
 #include "data/TransactionRepository.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/CategoryFormDialog.h"
@@ -14,6 +15,9 @@
 #include "ui/RecurringFormDialog.h"
 #include "ui/StatusBar.h"
 #include "ui/WelcomeScreen.h"
+#include "ui/register/RegisterModel.h"
+#include "ui/register/RegisterScreen.h"
+#include "ui/register/RegisterTableView.h"
 
 #include <QApplication>
 #include <QDir>
@@ -94,6 +98,44 @@ void addAccounts()
     }
 }
 
+// A month of an everyday account: payments and deposits, memos, a split, and a balance that goes negative.
+void addRegisterRows()
+{
+    const char *payees[] = {"Corner Grocer", "City Water Utility", "Payroll",  "Coffee Roasters",
+                            "Landlord",      "Hardware Store",     "Pharmacy", "Gas Station"};
+    const qint64 amounts[] = {-8423, -4599, 325000, -475, -180000, -2399, -1250, -5210};
+    const char *memos[] = {"weekly shop", "", "March salary", "", "April rent", "hinges and paint", "", ""};
+    for (int i = 0; i < 24; ++i) {
+        Transaction t;
+        t.id = QStringLiteral("reg-%1").arg(i);
+        t.accountId = QStringLiteral("acc-0");
+        t.date = QDate(2026, 3, 1).addDays(i);
+        t.payee = QString::fromUtf8(payees[i % 8]);
+        t.memo = QString::fromUtf8(memos[i % 8]);
+        t.amount = amounts[i % 8];
+        t.checkNumber = i % 5 == 0 ? QString::number(1000 + i) : QString();
+        t.cleared = i < 16;
+        t.reconciled = i < 8;
+        t.isSplit = i == 9;
+        t.createdAt = t.updatedAt = QDateTime(t.date, QTime(12, 0), Qt::UTC);
+        g_state->transactions()->insert(t);
+    }
+}
+
+// The register of the everyday account, with the payee editor of the new row open.
+QWidget *registerPage(bool twoLine)
+{
+    g_state->preferences()->setBool(QStringLiteral("registerTwoLine"), twoLine);
+    auto *screen = new RegisterScreen(g_state);
+    screen->resize(1200, 700);
+    screen->show();
+    screen->setAccount(QStringLiteral("acc-0"));
+    const QModelIndex payee = screen->model()->index(screen->model()->newRowIndex(), RegisterModel::Payee);
+    screen->view()->setCurrentIndex(payee);
+    screen->view()->edit(payee);
+    return screen;
+}
+
 QWidget *mainWindow()
 {
     return new MainWindow(g_state);
@@ -142,6 +184,8 @@ const Page kPages[] = {
     {"accountform",   QSize(420, 0), accountForm                     },
     {"categoryform",  QSize(440, 0), subcategoryForm                 },
     {"recurringform", QSize(520, 0), recurringForm                   },
+    {"register",      QSize(1200, 700), [] { return registerPage(false); }},
+    {"register2",     QSize(1200, 700), [] { return registerPage(true); } },
 };
 // clang-format on
 
@@ -184,6 +228,7 @@ int main(int argc, char *argv[])
     }
     g_state = &state;
     addAccounts();
+    addRegisterRows();
     ThemeManager &theme = *state.themeManager();
 
     const std::pair<ThemeManager::Theme, const char *> themes[] = {

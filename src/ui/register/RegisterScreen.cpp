@@ -229,8 +229,10 @@ void RegisterScreen::refresh()
 
     m_titleLabel->setText(account->name);
     QString meta = account->institution;
+    // With no institution before it, the separator would stand alone at the start of the line.
     if (!account->accountNumberLast4.isEmpty())
-        meta += QStringLiteral("  ·  *%1").arg(account->accountNumberLast4);
+        meta += (meta.isEmpty() ? QStringLiteral("*%1") : QStringLiteral("  ·  *%1"))
+                    .arg(account->accountNumberLast4);
     m_metaLabel->setText(meta);
     m_metaLabel->setVisible(!meta.isEmpty());
 
