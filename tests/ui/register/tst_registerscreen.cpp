@@ -1,5 +1,7 @@
 #include "core/AppState.h"
 #include "data/AccountRepository.h"
+#include "data/CategoryRepository.h"
+#include "data/PreferencesRepository.h"
 #include "data/TransactionRepository.h"
 #include "support/Fixtures.h"
 #include "ui/Prompt.h"
@@ -7,11 +9,19 @@
 #include "ui/register/RegisterScreen.h"
 #include "ui/register/RegisterTableView.h"
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QCompleter>
+#include <QDialog>
+#include <QHeaderView>
+#include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 
 #include <memory>
 
@@ -30,11 +40,25 @@ private slots:
     void deletingEitherSideOfATransferRemovesBoth();
     void leavingAnOpenedRowDiscardsItsTyping();
     void madeUpOpeningRowIsInert();
+    void payeeSuggestionAcceptedAndFilledIn_data();
+    void payeeSuggestionAcceptedAndFilledIn();
+    void fillInRepeatsWhenThePayeeIsLeftAgain();
+    void dateKeysInTheRegister_data();
+    void dateKeysInTheRegister();
+    void copyFromAbove_data();
+    void copyFromAbove();
+    void splitRowSkipsItsLockedCells();
+    void newestFirstEntersAtTheTop();
+    void columnLayoutPersistsAndResets();
 
 private:
     void key(Qt::Key k, Qt::KeyboardModifiers mods = Qt::NoModifier);
     void type(const QString &text);
     QList<Transaction> rows(const QString &accountId) const;
+    // A past purchase at the grocer, so that its payee has something to fill in.
+    void addGrocerRow();
+    void focusNewRow(int column);
+    QLineEdit *openLineEditor() const;
 
     QTemporaryDir m_dir;
     int m_run = 0;
@@ -45,6 +69,7 @@ private:
 void TstRegisterScreen::init()
 {
     qputenv("OMBREL_DATA_DIR", m_dir.filePath(QStringLiteral("run%1").arg(++m_run)).toUtf8());
+    QSettings().remove(QStringLiteral("register"));
     m_state = std::make_unique<AppState>();
     QVERIFY(m_state->initialize());
     QVERIFY(m_state->accounts()->insert(Fixtures::account(QStringLiteral("home"), QStringLiteral("Home"))));
@@ -76,16 +101,40 @@ void TstRegisterScreen::key(Qt::Key k, Qt::KeyboardModifiers mods)
     QCoreApplication::processEvents();
 }
 
+// One key at a time: the first may open an editor, which then has the focus for the rest.
 void TstRegisterScreen::type(const QString &text)
 {
-    QWidget *target = QApplication::focusWidget() ? QApplication::focusWidget() : m_screen->view();
-    QTest::keyClicks(target, text);
+    for (const QChar c : text) {
+        QWidget *target = QApplication::focusWidget() ? QApplication::focusWidget() : m_screen->view();
+        QTest::keyClick(target, c.toLatin1());
+    }
     QCoreApplication::processEvents();
 }
 
 QList<Transaction> TstRegisterScreen::rows(const QString &accountId) const
 {
     return m_state->transactions()->getByAccount(accountId);
+}
+
+void TstRegisterScreen::addGrocerRow()
+{
+    Transaction t = Fixtures::transaction(QStringLiteral("grocer"), QStringLiteral("home"), QDate(2026, 3, 2),
+                                          QStringLiteral("Corner Grocer"), -1234);
+    t.memo = QStringLiteral("weekly shop");
+    t.categoryId = m_state->categories()->getByName(QStringLiteral("Groceries"))->id;
+    QVERIFY(m_state->transactions()->insert(t));
+    m_screen->refresh();
+}
+
+void TstRegisterScreen::focusNewRow(int column)
+{
+    RegisterModel *model = m_screen->model();
+    m_screen->view()->setCurrentIndex(model->index(model->newRowIndex(), column));
+}
+
+QLineEdit *TstRegisterScreen::openLineEditor() const
+{
+    return qobject_cast<QLineEdit *>(m_screen->view()->indexWidget(m_screen->view()->currentIndex()));
 }
 
 void TstRegisterScreen::newRowTypedWithTabAndSavedWithEnter()
@@ -287,6 +336,253 @@ void TstRegisterScreen::madeUpOpeningRowIsInert()
     QVERIFY(rows(QStringLiteral("old")).isEmpty());
     QCOMPARE(model->rowCount(), 2);
     QCOMPARE(model->recordAt(opening)->payee, QStringLiteral("Opening Balance"));
+}
+
+void TstRegisterScreen::payeeSuggestionAcceptedAndFilledIn_data()
+{
+    QTest::addColumn<Qt::Key>("accept");
+    QTest::addColumn<int>("columnAfter");
+    QTest::newRow("tab accepts and moves on") << Qt::Key_Tab << int(RegisterModel::Category);
+    QTest::newRow("enter only accepts") << Qt::Key_Return << int(RegisterModel::Payee);
+}
+
+void TstRegisterScreen::payeeSuggestionAcceptedAndFilledIn()
+{
+    QFETCH(Qt::Key, accept);
+    QFETCH(int, columnAfter);
+    addGrocerRow();
+    RegisterModel *model = m_screen->model();
+    focusNewRow(RegisterModel::Check);
+    key(Qt::Key_Tab); // on to the payee, whose editor opens
+    QLineEdit *payee = openLineEditor();
+    QVERIFY(payee);
+    type(QStringLiteral("grocer"));
+    QAbstractItemView *popup = payee->completer()->popup();
+    QTRY_VERIFY(popup->isVisible());
+    popup->setCurrentIndex(popup->model()->index(0, 0)); // the user's Down arrow
+    QCOMPARE(popup->currentIndex().data().toString(), QStringLiteral("Corner Grocer"));
+    QTest::keyClick(popup, accept);
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+
+    QCOMPARE(m_screen->view()->currentIndex().column(), columnAfter);
+    if (accept == Qt::Key_Return) {
+        // Still in the payee with the suggestion taken; the second Enter moves on and fills in.
+        QCOMPARE(openLineEditor()->text(), QStringLiteral("Corner Grocer"));
+        QVERIFY(model->pendingText(RegisterModel::Payment).isEmpty());
+        key(Qt::Key_Return);
+        QCOMPARE(m_screen->view()->currentIndex().column(), int(RegisterModel::Category));
+    }
+    QCOMPARE(model->pendingText(RegisterModel::Payee), QStringLiteral("Corner Grocer"));
+    QCOMPARE(model->pendingText(RegisterModel::Payment), QStringLiteral("12.34"));
+    QVERIFY(model->pendingText(RegisterModel::Deposit).isEmpty());
+    QCOMPARE(model->pendingText(RegisterModel::Category), QStringLiteral("Groceries"));
+    QCOMPARE(model->pendingText(RegisterModel::Memo), QStringLiteral("weekly shop"));
+
+    key(Qt::Key_Return, Qt::ControlModifier);
+    const QList<Transaction> saved = rows(QStringLiteral("home"));
+    QCOMPARE(saved.size(), 2);
+    QCOMPARE(saved.first().amount, qint64(-1234));
+    QCOMPARE(saved.first().categoryId, m_state->categories()->getByName(QStringLiteral("Groceries"))->id);
+}
+
+void TstRegisterScreen::fillInRepeatsWhenThePayeeIsLeftAgain()
+{
+    addGrocerRow();
+    RegisterModel *model = m_screen->model();
+    focusNewRow(RegisterModel::Check);
+    key(Qt::Key_Tab);
+    type(QStringLiteral("Corner Grocer"));
+    key(Qt::Key_Tab); // leaving the payee fills in
+    QCOMPARE(model->pendingText(RegisterModel::Payment), QStringLiteral("12.34"));
+    key(Qt::Key_Tab); // from the category to the memo
+    QLineEdit *memo = openLineEditor();
+    QVERIFY(memo);
+    memo->selectAll();
+    type(QStringLiteral("party"));
+    key(Qt::Key_Tab); // payment
+    openLineEditor()->selectAll();
+    type(QStringLiteral("99.00"));
+    key(Qt::Key_Backtab);
+    key(Qt::Key_Backtab);
+    key(Qt::Key_Backtab);
+    QCOMPARE(m_screen->view()->currentIndex().column(), int(RegisterModel::Payee));
+    QCOMPARE(model->pendingText(RegisterModel::Payment), QStringLiteral("99.00"));
+    key(Qt::Key_Tab); // leaving the payee again brings the last transaction's values back
+    QCOMPARE(model->pendingText(RegisterModel::Payment), QStringLiteral("12.34"));
+    QCOMPARE(model->pendingText(RegisterModel::Memo), QStringLiteral("weekly shop"));
+}
+
+void TstRegisterScreen::dateKeysInTheRegister_data()
+{
+    QTest::addColumn<QString>("keys");
+    QTest::addColumn<bool>("overType"); // select the editor's text first and type over it
+    QTest::addColumn<QDate>("expected");
+    // The buffer starts on 2/29/2024; the first key opens the editor and goes into it.
+    QTest::newRow("+") << "+" << false << QDate(2024, 3, 1);
+    QTest::newRow("= twice") << "==" << false << QDate(2024, 3, 2);
+    QTest::newRow("-") << "-" << false << QDate(2024, 2, 28);
+    QTest::newRow("m then h") << "mh" << false << QDate(2024, 2, 29);
+    QTest::newRow("y") << "y" << false << QDate(2024, 1, 1);
+    QTest::newRow("r") << "r" << false << QDate(2024, 12, 31);
+    QTest::newRow("w") << "w" << false << QDate(2024, 2, 25);
+    QTest::newRow("k") << "k" << false << QDate(2024, 3, 2);
+    QTest::newRow("t") << "t" << false << QDate::currentDate();
+    QTest::newRow("two-digit year is 19yy") << "3/4/25" << true << QDate(1925, 3, 4);
+    QTest::newRow("unreadable keeps the date") << "13/45/2024" << true << QDate(2024, 2, 29);
+}
+
+void TstRegisterScreen::dateKeysInTheRegister()
+{
+    QFETCH(QString, keys);
+    QFETCH(bool, overType);
+    QFETCH(QDate, expected);
+    RegisterModel *model = m_screen->model();
+    model->setData(model->index(model->newRowIndex(), RegisterModel::Date), QStringLiteral("2/29/2024"));
+    focusNewRow(RegisterModel::Date);
+    if (overType) {
+        key(Qt::Key_Return); // opens the editor on the buffer's date
+        openLineEditor()->selectAll();
+    }
+    type(keys);
+    key(Qt::Key_Tab);
+    QCOMPARE(model->pendingText(RegisterModel::Date), RegisterModel::dateText(expected));
+    QCOMPARE(m_screen->view()->currentIndex().column(), int(RegisterModel::Check));
+}
+
+void TstRegisterScreen::copyFromAbove_data()
+{
+    QTest::addColumn<bool>("newestFirst");
+    QTest::addColumn<QString>("expected");
+    // Above the new row at the bottom stands the latest row; with the newest on top, the row above
+    // the oldest is the one just newer than it.
+    QTest::newRow("oldest first") << false << "Late";
+    QTest::newRow("newest first") << true << "Middle";
+}
+
+void TstRegisterScreen::copyFromAbove()
+{
+    QFETCH(bool, newestFirst);
+    QFETCH(QString, expected);
+    const QString home = QStringLiteral("home");
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("early"), home, QDate(2026, 1, 1), QStringLiteral("Early"), -100)));
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("middle"), home, QDate(2026, 1, 2), QStringLiteral("Middle"), -200)));
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("late"), home, QDate(2026, 1, 3), QStringLiteral("Late"), -300)));
+    QVERIFY(m_state->preferences()->setBool(QStringLiteral("registerNewestFirst"), newestFirst));
+    m_screen->refresh();
+    RegisterModel *model = m_screen->model();
+    // The new row in the oldest-first layout; the oldest row, opened, in the newest-first one. Both
+    // stand last.
+    const int row = newestFirst ? model->findRowById(QStringLiteral("early")) : model->newRowIndex();
+    QCOMPARE(row, 3);
+    m_screen->view()->setCurrentIndex(model->index(row, RegisterModel::Payee));
+    key(Qt::Key_Apostrophe);
+    QCOMPARE(model->pendingText(RegisterModel::Payee), expected);
+    QCOMPARE(model->index(row, RegisterModel::Payee).data().toString(), expected);
+    QVERIFY(rows(QStringLiteral("home")).size() == 3); // copying writes nothing
+}
+
+void TstRegisterScreen::splitRowSkipsItsLockedCells()
+{
+    Transaction split = Fixtures::transaction(QStringLiteral("split"), QStringLiteral("home"),
+                                              QDate(2026, 2, 1), QStringLiteral("Warehouse"), -9000);
+    split.isSplit = true;
+    QVERIFY(m_state->transactions()->insert(split));
+    m_screen->refresh();
+    RegisterModel *model = m_screen->model();
+    const int row = model->findRowById(QStringLiteral("split"));
+    m_screen->view()->setCurrentIndex(model->index(row, RegisterModel::Payee));
+    key(Qt::Key_Return);
+    QVERIFY(openLineEditor());
+
+    // Tab visits every field; the category and amounts belong to the lines and open no editor.
+    const QList<QPair<int, bool>> expected = {
+        {RegisterModel::Category, false},
+        {RegisterModel::Memo,     true },
+        {RegisterModel::Payment,  false},
+        {RegisterModel::Deposit,  false},
+        {RegisterModel::Cleared,  true }
+    };
+    for (const auto &[column, editable] : expected) {
+        key(Qt::Key_Tab);
+        QCOMPARE(m_screen->view()->currentIndex().column(), column);
+        QCOMPARE(m_screen->view()->indexWidget(m_screen->view()->currentIndex()) != nullptr, editable);
+    }
+
+    // Enter on a locked cell asks for the split editor's form instead.
+    QString opened;
+    Prompt::setNextDialogHandler([&opened](QDialog *dialog) {
+        opened = dialog->windowTitle();
+        return int(QDialog::Rejected);
+    });
+    m_screen->view()->setCurrentIndex(model->index(row, RegisterModel::Payment));
+    key(Qt::Key_Return);
+    QCOMPARE(opened, QStringLiteral("Edit Transaction"));
+}
+
+void TstRegisterScreen::newestFirstEntersAtTheTop()
+{
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("old"), QStringLiteral("home"), QDate(2025, 12, 1), QStringLiteral("Old"), 10000)));
+    QVERIFY(m_state->preferences()->setBool(QStringLiteral("registerNewestFirst"), true));
+    m_screen->setAccount(QStringLiteral("home"));
+    RegisterModel *model = m_screen->model();
+    QCOMPARE(model->newRowIndex(), 0);
+    QCOMPARE(m_screen->view()->currentIndex(), model->index(0, 0));
+    QCOMPARE(QSettings().value(QStringLiteral("register/sortOrder")).toInt(), int(Qt::DescendingOrder));
+
+    model->setData(model->index(0, RegisterModel::Payee), QStringLiteral("Newer"));
+    model->setData(model->index(0, RegisterModel::Payment), QStringLiteral("25"));
+    key(Qt::Key_Return, Qt::ControlModifier);
+
+    QCOMPARE(m_screen->view()->currentIndex(), model->index(0, 0));
+    QCOMPARE(model->index(1, RegisterModel::Payee).data().toString(), QStringLiteral("Newer"));
+    QCOMPARE(model->index(1, RegisterModel::Balance).data().toString(), QStringLiteral("75.00"));
+    QCOMPARE(model->index(2, RegisterModel::Payee).data().toString(), QStringLiteral("Old"));
+    QCOMPARE(m_screen->findChild<QLabel *>(QStringLiteral("balanceLabel"))->text(), QStringLiteral("$75.00"));
+}
+
+void TstRegisterScreen::columnLayoutPersistsAndResets()
+{
+    QHeaderView *header = m_screen->view()->horizontalHeader();
+    QCOMPARE(header->sectionSize(RegisterModel::Payee), 250);
+    header->resizeSection(RegisterModel::Payee, 321);
+    QCOMPARE(QSettings().value(QStringLiteral("register/colWidth/2")).toInt(), 321);
+
+    // The header menu is a popup with its own loop: pick the entry once it is up, as a user would.
+    const auto toggleFromMenu = [this](const QString &entry) {
+        QTimer::singleShot(0, [entry] {
+            auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+            QVERIFY(menu);
+            for (QAction *action : menu->actions()) {
+                if (action->text() == entry)
+                    action->trigger();
+            }
+            menu->close();
+        });
+        m_screen->showHeaderContextMenu(QPoint(10, 10));
+    };
+    toggleFromMenu(QStringLiteral("Chk #"));
+    QVERIFY(m_screen->view()->isColumnHidden(RegisterModel::Check));
+    QCOMPARE(QSettings().value(QStringLiteral("register/colHidden/1")).toBool(), true);
+    // Date and Balance cannot be hidden, whatever the settings say.
+    QSettings().setValue(QStringLiteral("register/colHidden/0"), true);
+    QSettings().setValue(QStringLiteral("register/colHidden/8"), true);
+
+    RegisterScreen again(m_state.get());
+    QCOMPARE(again.view()->horizontalHeader()->sectionSize(RegisterModel::Payee), 321);
+    QVERIFY(again.view()->isColumnHidden(RegisterModel::Check));
+    QVERIFY(!again.view()->isColumnHidden(RegisterModel::Date));
+    QVERIFY(!again.view()->isColumnHidden(RegisterModel::Balance));
+
+    toggleFromMenu(QStringLiteral("Reset register layout"));
+    QCOMPARE(header->sectionSize(RegisterModel::Payee), 250);
+    QVERIFY(!m_screen->view()->isColumnHidden(RegisterModel::Check));
+    QVERIFY(!QSettings().contains(QStringLiteral("register/colWidth/2")));
+    QVERIFY(!QSettings().contains(QStringLiteral("register/colHidden/1")));
 }
 
 // Settings go to a temporary place so the user's own are never touched.
