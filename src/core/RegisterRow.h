@@ -7,3 +7,5 @@ struct RegisterRow : Transaction {
     qint64 runningBalance = 0; // the account's balance after this row; 0 where none was computed
     QString categoryName;
 };
+
+Q_DECLARE_TYPEINFO(RegisterRow, Q_RELOCATABLE_TYPE);

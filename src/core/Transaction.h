@@ -4,6 +4,7 @@
 
 #include <QDate>
 #include <QDateTime>
+#include <QMetaType>
 #include <QString>
 
 #include <optional>
@@ -30,3 +31,7 @@ struct Transaction {
     QDateTime updatedAt;
     std::optional<QDateTime> deletedAt;
 };
+
+// Every member moves as plain bytes, so a growing list of a whole account is moved with memcpy
+// rather than element by element.
+Q_DECLARE_TYPEINFO(Transaction, Q_RELOCATABLE_TYPE);
