@@ -10,9 +10,12 @@
 #include <QDate>
 #include <QElapsedTimer>
 #include <QFile>
+#include <QProcess>
+#include <QTest>
 #include <QUuid>
 
 #include <algorithm>
+#include <cstdio>
 #include <vector>
 
 namespace {
@@ -77,7 +80,7 @@ RegisterBenchResult measureRegister(const QString &dataDirectory, const QString 
         model->setData(model->index(row, RegisterModel::Payment), QStringLiteral("3.75"));
         screen.view()->setCurrentIndex(model->index(row, RegisterModel::Payment));
         commit.push_back(timeMs([&] {
-            screen.commitCurrentRow();
+            QTest::keyClick(screen.view(), Qt::Key_Return, Qt::ControlModifier);
             paint();
         }));
         Transaction t;
@@ -96,6 +99,46 @@ RegisterBenchResult measureRegister(const QString &dataDirectory, const QString 
     result.openRepositoryMs = medianOf(openRepository);
     result.commitMs = medianOf(commit);
     result.commitRepositoryMs = medianOf(commitRepository);
+    result.ok = true;
+    return result;
+}
+
+namespace {
+constexpr char kChildFlag[] = "--register-screen";
+}
+
+bool isRegisterChild(const QStringList &arguments)
+{
+    return arguments.size() == 5 && arguments.at(1) == QLatin1String(kChildFlag);
+}
+
+int runRegisterChild(const QStringList &arguments)
+{
+    const RegisterBenchResult r = measureRegister(arguments.at(2), arguments.at(3), arguments.at(4).toInt());
+    if (!r.ok)
+        return 1;
+    std::printf("%f %f %f %f %lld\n", r.openMs, r.openRepositoryMs, r.commitMs, r.commitRepositoryMs,
+                static_cast<long long>(r.residentKiB));
+    return 0;
+}
+
+RegisterBenchResult measureRegisterInChild(const QString &dataDirectory, const QString &accountId, int runs)
+{
+    RegisterBenchResult result;
+    QProcess child;
+    child.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    child.start(QCoreApplication::applicationFilePath(),
+                {QLatin1String(kChildFlag), dataDirectory, accountId, QString::number(runs)});
+    if (!child.waitForFinished(-1) || child.exitStatus() != QProcess::NormalExit || child.exitCode() != 0)
+        return result;
+    const QList<QByteArray> fields = child.readAllStandardOutput().trimmed().split(' ');
+    if (fields.size() != 5)
+        return result;
+    result.openMs = fields.at(0).toDouble();
+    result.openRepositoryMs = fields.at(1).toDouble();
+    result.commitMs = fields.at(2).toDouble();
+    result.commitRepositoryMs = fields.at(3).toDouble();
+    result.residentKiB = fields.at(4).toLongLong();
     result.ok = true;
     return result;
 }

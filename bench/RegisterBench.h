@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // The register screen on a large account, driven in-process as a user would: opening the account to
 // a painted table, and committing a new row to a repainted table with its new balance.
@@ -14,3 +15,9 @@ struct RegisterBenchResult {
 };
 
 RegisterBenchResult measureRegister(const QString &dataDirectory, const QString &accountId, int runs);
+
+// The same measures in a process of their own, started from this program, so that the resident
+// memory is the program's with the account open and not the generator's leftovers.
+RegisterBenchResult measureRegisterInChild(const QString &dataDirectory, const QString &accountId, int runs);
+bool isRegisterChild(const QStringList &arguments);
+int runRegisterChild(const QStringList &arguments);
