@@ -83,7 +83,8 @@ void TstReconciliationScreen::open()
     m_screen = std::make_unique<ReconciliationScreen>(m_state.get());
     m_screen->resize(1100, 720);
     m_screen->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_screen.get()));
+    m_screen->activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(m_screen.get()));
     m_screen->setAccount(QStringLiteral("a"));
     m_screen->table()->setFocus();
 }
@@ -268,7 +269,7 @@ void TstReconciliationScreen::ticksSurviveAnAddFromWithinAndADelete()
 
     m_screen->table()->setCurrentCell(rowOf(QStringLiteral("other")), 2);
     Prompt::setNextAnswer(QMessageBox::Yes);
-    m_screen->findChild<QPushButton *>(QStringLiteral("deleteButton"))->click();
+    press(Qt::Key_Delete);
     QCOMPARE(Prompt::lastText(), QStringLiteral("Delete the transaction for other?"));
     QCOMPARE(m_screen->table()->rowCount(), 3);
     QVERIFY(m_state->transactions()->getById(QStringLiteral("other"))->deletedAt.has_value());
