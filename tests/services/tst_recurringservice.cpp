@@ -32,7 +32,6 @@ private slots:
     void transferPostsBothLegsWithNameBasedIds();
     void transferBetweenCurrenciesLeavesTheSourceLegAndStays();
     void skipAdvancesAQuarantinedRuleAndKeepsItInactive();
-    void confirmAllDueSkipsRulesInTheFuture();
 
 private:
     RecurringTransaction rule(const QString &id, const QDate &next, Frequency frequency,
@@ -113,10 +112,6 @@ void TstRecurringService::nextDate_data()
                                                     QDate(2027, 2, 28), QDate(2028, 2, 28)};
     QTest::newRow("31 Aug, semi-annual") << QDate(2023, 8, 31) << Frequency::SemiAnnual
                                          << QList<QDate>{QDate(2024, 2, 29), QDate(2024, 8, 29)};
-    QTest::newRow("daily over the year end")
-        << QDate(2025, 12, 31) << Frequency::Daily << QList<QDate>{QDate(2026, 1, 1)};
-    QTest::newRow("weekly over 29 Feb")
-        << QDate(2024, 2, 26) << Frequency::Weekly << QList<QDate>{QDate(2024, 3, 4)};
     QTest::newRow("biweekly") << QDate(2025, 12, 25) << Frequency::Biweekly
                               << QList<QDate>{QDate(2026, 1, 8)};
     QTest::newRow("unknown value steps a month")
@@ -337,20 +332,6 @@ void TstRecurringService::skipAdvancesAQuarantinedRuleAndKeepsItInactive()
     QVERIFY(posted(QStringLiteral("a")).isEmpty());
     QCOMPARE(counts.count(), 1);
     QVERIFY(!m_service->skip(QStringLiteral("missing")));
-}
-
-void TstRecurringService::confirmAllDueSkipsRulesInTheFuture()
-{
-    const QDate today = QDate::currentDate();
-    QVERIFY(m_recurring->insert(rule(QStringLiteral("past"), today.addDays(-40), Frequency::Monthly, false)));
-    QVERIFY(m_recurring->insert(rule(QStringLiteral("today"), today, Frequency::Monthly, false)));
-    QVERIFY(m_recurring->insert(rule(QStringLiteral("later"), today.addDays(1), Frequency::Monthly, false)));
-    QCOMPARE(m_service->pendingCount(), 2);
-    // One occurrence per rule: a rule still behind afterwards stays due.
-    QCOMPARE(m_service->confirmAllDue(), 2);
-    QCOMPARE(posted(QStringLiteral("a")).size(), 2);
-    QCOMPARE(stored(QStringLiteral("later")).nextDueDate, today.addDays(1));
-    QCOMPARE(m_service->pendingCount(), stored(QStringLiteral("past")).nextDueDate <= today ? 1 : 0);
 }
 
 QTEST_GUILESS_MAIN(TstRecurringService)
