@@ -1,12 +1,12 @@
 #include "RecurringBench.h"
 
+#include "HouseholdCopy.h"
+
 #include "core/AppState.h"
 #include "data/Database.h"
 #include "services/RecurringService.h"
 
-#include <QDir>
 #include <QElapsedTimer>
-#include <QFile>
 #include <QSqlQuery>
 #include <QTemporaryDir>
 
@@ -37,7 +37,7 @@ bool makeRulesLate(Database *db, const QDate &lastDate)
 bool runOnce(const QString &householdPath, const QDate &lastDate, Run &run)
 {
     QTemporaryDir dir;
-    if (!dir.isValid() || !QFile::copy(householdPath, dir.filePath(QStringLiteral("ombrel.db"))))
+    if (!dir.isValid() || !copyHousehold(householdPath, dir.path()))
         return false;
     qputenv("OMBREL_DATA_DIR", dir.path().toUtf8());
     AppState state;
