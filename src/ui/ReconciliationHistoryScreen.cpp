@@ -61,7 +61,9 @@ void ReconciliationHistoryScreen::setupUi()
     m_table->setSelectionMode(QAbstractItemView::SingleSelection);
     m_table->setAlternatingRowColors(true);
     m_table->verticalHeader()->hide();
-    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
+    // The completion time is the longest text; it takes the room the figures leave.
+    m_table->horizontalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
+    m_table->horizontalHeader()->setStretchLastSection(true);
     layout->addWidget(m_table, 1);
 
     m_emptyLabel = new QLabel(
