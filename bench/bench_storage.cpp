@@ -1,6 +1,8 @@
 // Times the storage paths a heavy household leans on, each against the same work done straight on
 // the SQLite C API, and prints one table. Everything happens in temporary directories.
 
+#include "ReconciliationBench.h"
+#include "RecurringBench.h"
 #include "RegisterBench.h"
 #include "SqliteBaseline.h"
 
@@ -252,5 +254,11 @@ int main(int argc, char *argv[])
               screen.commitRepositoryMs);
     std::printf("%-44s %10.1f MiB\n", "resident memory with the account open",
                 double(screen.residentKiB) / 1024.0);
+
+    if (!benchReconciliationScreen(household->directory(), household->path(), account, kScreenRuns) ||
+        !benchAutoPost(household->path(), options.lastDate, kSeedRuns)) {
+        std::fprintf(stderr, "ombrel_bench: the household could not be opened again\n");
+        return 1;
+    }
     return same ? 0 : 1;
 }

@@ -8,11 +8,16 @@
 #include "data/AccountRepository.h"
 #include "data/CategoryRepository.h"
 #include "data/PreferencesRepository.h"
+#include "data/ReconciliationRepository.h"
+#include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/CategoryFormDialog.h"
 #include "ui/MainWindow.h"
+#include "ui/ReconciliationHistoryScreen.h"
+#include "ui/ReconciliationScreen.h"
 #include "ui/RecurringFormDialog.h"
+#include "ui/RecurringScreen.h"
 #include "ui/StatusBar.h"
 #include "ui/WelcomeScreen.h"
 #include "ui/register/RegisterModel.h"
@@ -21,9 +26,11 @@
 
 #include <QApplication>
 #include <QDir>
+#include <QDoubleSpinBox>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QStackedWidget>
+#include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QVBoxLayout>
@@ -122,6 +129,79 @@ void addRegisterRows()
     }
 }
 
+// Rules in every state the recurring screen draws: late, due today, ahead, inactive, auto-posting.
+// Nothing auto-posting is due, so the main window's start-up pass leaves the other pages alone.
+void addRecurringRules()
+{
+    struct Row {
+        const char *payee;
+        const char *account;
+        qint64 amount;
+        Frequency frequency;
+        int daysFromToday;
+        bool autoPost;
+        bool active;
+    } rows[] = {
+  // clang-format off
+        {"City Water Utility", "acc-0", -4599,   Frequency::Quarterly,  -6, false, true },
+        {"Landlord",           "acc-0", -180000, Frequency::Monthly,     0, false, true },
+        {"Payroll",            "acc-0", 325000,  Frequency::Biweekly,    9, true,  true },
+        {"Coffee Club",        "acc-2", -1599,   Frequency::Monthly,     4, true,  true },
+        {"Old Gym Membership", "acc-0", -4900,   Frequency::Monthly,   -40, false, false},
+        {"Savings Transfer",   "acc-0", -50000,  Frequency::Monthly,    12, true,  true },
+  // clang-format on
+    };
+    int n = 0;
+    for (const Row &r : rows) {
+        RecurringTransaction rule;
+        rule.id = QStringLiteral("rule-%1").arg(n++);
+        rule.accountId = QLatin1String(r.account);
+        rule.payee = QString::fromUtf8(r.payee);
+        rule.amount = r.amount;
+        rule.frequency = r.frequency;
+        rule.startDate = rule.nextDueDate = QDate::currentDate().addDays(r.daysFromToday);
+        rule.autoPost = r.autoPost;
+        rule.isActive = r.active;
+        rule.createdAt = rule.updatedAt = utcNow();
+        g_state->recurring()->insert(rule);
+    }
+}
+
+// Three balanced statements of the everyday account, one of them below zero.
+void addReconciliations()
+{
+    const qint64 balances[] = {254312, -18250, 1204577};
+    for (int i = 0; i < 3; ++i) {
+        Reconciliation r;
+        r.id = QStringLiteral("rec-%1").arg(i);
+        r.accountId = QStringLiteral("acc-0");
+        r.statementDate = QDate(2026, 2, 28).addMonths(-i);
+        r.statementBalance = r.reconciledBalance = balances[i];
+        r.completedAt = QDateTime(r.statementDate.addDays(3), QTime(18, 30), Qt::UTC);
+        g_state->reconciliations()->insert(r);
+    }
+}
+
+// The everyday account with a statement balance typed in and one more row ticked than the register has
+// cleared, so that the difference is not zero.
+QWidget *reconciliationPage()
+{
+    auto *screen = new ReconciliationScreen(g_state);
+    screen->setAccount(QStringLiteral("acc-0"));
+    screen->findChild<QDoubleSpinBox *>(QStringLiteral("statementBalance"))->setValue(2543.12);
+    QTableWidget *table = screen->table();
+    table->item(table->rowCount() - 1, 0)->setCheckState(Qt::Checked);
+    table->setCurrentCell(2, 2);
+    return screen;
+}
+
+QWidget *historyPage(const char *accountId)
+{
+    auto *screen = new ReconciliationHistoryScreen(g_state);
+    screen->setAccount(QLatin1String(accountId));
+    return screen;
+}
+
 // The register of the everyday account, with the payee editor of the new row open.
 QWidget *registerPage(bool twoLine)
 {
@@ -186,6 +266,10 @@ const Page kPages[] = {
     {"recurringform", QSize(520, 0), recurringForm                   },
     {"register",      QSize(1200, 700), [] { return registerPage(false); }},
     {"register2",     QSize(1200, 700), [] { return registerPage(true); } },
+    {"recurring",     QSize(700, 500),  [] { return new RecurringScreen(g_state); }},
+    {"reconcile",     QSize(1100, 720), reconciliationPage                },
+    {"history",       QSize(750, 500),  [] { return historyPage("acc-0"); }},
+    {"historyempty",  QSize(750, 500),  [] { return historyPage("acc-1"); }},
 };
 // clang-format on
 
@@ -229,6 +313,8 @@ int main(int argc, char *argv[])
     g_state = &state;
     addAccounts();
     addRegisterRows();
+    addRecurringRules();
+    addReconciliations();
     ThemeManager &theme = *state.themeManager();
 
     const std::pair<ThemeManager::Theme, const char *> themes[] = {

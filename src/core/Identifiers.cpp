@@ -25,8 +25,13 @@ QString seededCategoryId(CategoryType type, const QString &parentName, const QSt
 
 QString recurringOccurrenceId(const QString &recurringId, const QDate &dueDate, bool destinationLeg)
 {
+    return suffixedOccurrenceId(recurringId, dueDate, destinationLeg ? QStringLiteral("dest") : QString());
+}
+
+QString suffixedOccurrenceId(const QString &recurringId, const QDate &dueDate, const QString &suffix)
+{
     QString name = recurringId + QLatin1Char(':') + dueDate.toString(Qt::ISODate);
-    if (destinationLeg)
-        name += QStringLiteral(":dest");
+    if (!suffix.isEmpty())
+        name += QLatin1Char(':') + suffix;
     return nameBasedId(kRecurringNamespace, name);
 }

@@ -17,3 +17,5 @@ QString seededCategoryId(CategoryType type, const QString &parentName, const QSt
 
 // "<rule id>:<yyyy-MM-dd>", with ":dest" for the destination leg of a transfer.
 QString recurringOccurrenceId(const QString &recurringId, const QDate &dueDate, bool destinationLeg = false);
+// The same with any suffix: "<rule id>:<yyyy-MM-dd>:<suffix>", or no colon at all for an empty one.
+QString suffixedOccurrenceId(const QString &recurringId, const QDate &dueDate, const QString &suffix);

@@ -173,6 +173,22 @@ qint64 TransactionRepository::getBalance(const QString &accountId) const
     return q.value(0).toLongLong();
 }
 
+TransactionRepository::ReconciledTotal
+TransactionRepository::getReconciledTotal(const QString &accountId) const
+{
+    ReconciledTotal total;
+    QSqlQuery q(m_db->connection());
+    q.prepare(
+        QStringLiteral("SELECT COALESCE(SUM(amount), 0), MAX(date) FROM transactions WHERE account_id = ? "
+                       "AND deleted_at IS NULL AND reconciled = 1"));
+    q.addBindValue(accountId);
+    if (!q.exec() || !q.next())
+        return total;
+    total.amount = q.value(0).toLongLong();
+    total.latestDate = dateFromText(q.value(1).toString());
+    return total;
+}
+
 QList<Transaction> TransactionRepository::getUnreconciled(const QString &accountId) const
 {
     QSqlQuery q(m_db->connection());

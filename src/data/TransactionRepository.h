@@ -31,6 +31,13 @@ public:
     // so that the account list does not read every row of every account on each change.
     qint64 getBalance(const QString &accountId) const;
     QList<Transaction> getUnreconciled(const QString &accountId) const;
+    // The sum and the latest date of the account's live reconciled rows, where the next reconciliation
+    // starts; summed in SQL, since a long history would otherwise be read row by row.
+    struct ReconciledTotal {
+        qint64 amount = 0;
+        QDate latestDate; // invalid when nothing is reconciled
+    };
+    ReconciledTotal getReconciledTotal(const QString &accountId) const;
     std::optional<Transaction> getLastForPayee(const QString &payee, const QString &accountId) const;
     QStringList getPayees() const;
     // query is FTS5 syntax as given; invalid syntax gives an empty list. At most 200 rows, newest first.

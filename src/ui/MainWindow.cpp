@@ -8,9 +8,13 @@
 #include "data/ReconciliationRepository.h"
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
+#include "services/RecurringService.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/ElidedLabel.h"
 #include "ui/Prompt.h"
+#include "ui/ReconciliationHistoryScreen.h"
+#include "ui/ReconciliationScreen.h"
+#include "ui/RecurringScreen.h"
 #include "ui/StatusBar.h"
 #include "ui/UiStyle.h"
 #include "ui/WelcomeScreen.h"
@@ -139,6 +143,10 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
 
     updateAuthUI();
 
+    onAccountsChanged();
+    // Before the list follows every transaction: a long catch-up would rebuild it once per posting.
+    postDueRecurring();
+
     connect(m_state->accounts(), &AccountRepository::accountsChanged, this, &MainWindow::onAccountsChanged);
     connect(m_state->transactions(), &TransactionRepository::transactionsChanged, this,
             &MainWindow::onAccountsChanged);
@@ -159,8 +167,28 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
             m_registerPage->refresh();
     });
 
-    onAccountsChanged();
+    connect(m_state->recurring(), &RecurringRepository::recurringChanged, this,
+            &MainWindow::showRecurringDue);
+    connect(m_state->recurringService(), &RecurringService::pendingCountChanged, m_statusBar,
+            &StatusBar::setRecurringDue);
+
+    showRecurringDue();
     showInitialPage();
+}
+
+void MainWindow::postDueRecurring()
+{
+    const int posted = m_state->recurringService()->processAutoPost();
+    if (posted <= 0)
+        return;
+    m_statusBar->showTimedMessage(tr("Auto-posted %n recurring transaction(s)", nullptr, posted),
+                                  kStatusLong);
+    onAccountsChanged();
+}
+
+void MainWindow::showRecurringDue()
+{
+    m_statusBar->setRecurringDue(m_state->recurringService()->pendingCount());
 }
 
 MainWindow::~MainWindow() = default;
@@ -584,21 +612,72 @@ void MainWindow::showEditAccountDialog()
 
 // The screens behind these entries come with their own work; the entries stand in the menus already.
 void MainWindow::showReportsWindow() {}
-void MainWindow::showRecurringWindow() {}
 void MainWindow::showSearchWindow() {}
 void MainWindow::showCategoriesWindow() {}
 void MainWindow::showSettingsWindow() {}
 void MainWindow::showImportWindow() {}
 void MainWindow::showPayeesWindow() {}
 
+// A screen made on first use becomes a window of its own over this one, and is raised on each later use.
+void MainWindow::presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize)
+{
+    screen->setWindowTitle(title);
+    if (!screen->parentWidget()) {
+        screen->setParent(this, Qt::Window);
+        screen->resize(defaultSize);
+    }
+    if (screen->isMinimized())
+        screen->setWindowState(screen->windowState() & ~Qt::WindowMinimized);
+    if (screen->isHidden())
+        screen->show();
+    screen->raise();
+    screen->activateWindow();
+}
+
+void MainWindow::showRecurringWindow()
+{
+    if (!m_recurringScreen) {
+        m_recurringScreen = new RecurringScreen(m_state);
+        connect(m_recurringScreen, &RecurringScreen::transactionsChanged, this, [this] {
+            onAccountsChanged();
+            m_registerPage->refresh();
+        });
+        connect(m_state->recurring(), &RecurringRepository::recurringChanged, m_recurringScreen, [this] {
+            if (m_recurringScreen->isVisible())
+                m_recurringScreen->refresh();
+        });
+    }
+    m_recurringScreen->refresh();
+    presentScreen(m_recurringScreen, tr("Recurring Transactions"), QSize(700, 500));
+}
+
+// A new window each time: its ticks belong to one sitting and are never stored before it finishes.
 void MainWindow::showReconciliationWindow()
 {
-    hasCurrentAccount();
+    if (!hasCurrentAccount())
+        return;
+    const QString accountId = m_state->currentAccountId();
+    const std::optional<Account> account = m_state->accounts()->getById(accountId);
+    auto *screen = new ReconciliationScreen(m_state);
+    screen->setAttribute(Qt::WA_DeleteOnClose);
+    connect(screen, &ReconciliationScreen::reconciliationCompleted, this, [this, screen] {
+        m_registerPage->refresh();
+        onAccountsChanged();
+        screen->close();
+    });
+    connect(screen, &ReconciliationScreen::cancelled, screen, &QWidget::close);
+    screen->setAccount(accountId);
+    presentScreen(screen, tr("Reconcile — %1").arg(account->name), QSize(1100, 720));
 }
 
 void MainWindow::showReconciliationHistoryWindow()
 {
-    hasCurrentAccount();
+    if (!hasCurrentAccount())
+        return;
+    if (!m_reconciliationHistoryScreen)
+        m_reconciliationHistoryScreen = new ReconciliationHistoryScreen(m_state);
+    m_reconciliationHistoryScreen->setAccount(m_state->currentAccountId());
+    presentScreen(m_reconciliationHistoryScreen, tr("Reconciliation History"), QSize(750, 500));
 }
 
 void MainWindow::showShareAccountDialog()

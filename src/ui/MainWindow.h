@@ -12,6 +12,8 @@ class QListWidgetItem;
 class QShortcut;
 class QSplitter;
 class QStackedWidget;
+class ReconciliationHistoryScreen;
+class RecurringScreen;
 class RegisterScreen;
 class StatusBar;
 class WelcomeScreen;
@@ -65,6 +67,9 @@ private:
     bool hasCurrentAccount();
     void showKeyboardShortcuts();
     void showAbout();
+    void postDueRecurring();
+    void showRecurringDue();
+    void presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize);
 
     AppState *m_state = nullptr;
     QListWidget *m_accountList = nullptr;
@@ -78,4 +83,6 @@ private:
     QAction *m_accountAction = nullptr;
     StatusBar *m_statusBar = nullptr;
     QList<QShortcut *> m_accountShortcuts;
+    RecurringScreen *m_recurringScreen = nullptr;
+    ReconciliationHistoryScreen *m_reconciliationHistoryScreen = nullptr;
 };

@@ -32,6 +32,7 @@ private slots:
     void cascadeRestoreKeepsEarlierDeletions();
     void bulkCallsWithNothingToDoDoNotEmit();
     void updateOfMissingRowSucceeds();
+    void reconciledTotalCountsOnlyLiveReconciledRowsOfTheAccount();
 
 private:
     void addAccount(const QString &id, qint64 startingBalance = 0);
@@ -133,6 +134,31 @@ void TstTransactionRepository::sameDateRowsFollowEntryOrder()
     QCOMPARE(rows.at(2).id, QStringLiteral("second"));
     QCOMPARE(rows.at(2).runningBalance, qint64(699));
     QCOMPARE(m_repo->getByAccount(kAccount).first().id, QStringLiteral("second"));
+}
+
+void TstTransactionRepository::reconciledTotalCountsOnlyLiveReconciledRowsOfTheAccount()
+{
+    addAccount(kAccount, 5000);
+    addAccount(QStringLiteral("other"));
+    QVERIFY(!m_repo->getReconciledTotal(kAccount).latestDate.isValid());
+    QCOMPARE(m_repo->getReconciledTotal(kAccount).amount, qint64(0));
+    const auto add = [this](const char *id, const QString &account, const QDate &date, qint64 amount,
+                            bool reconciled) {
+        Transaction t = transaction(QLatin1String(id), account, date, QLatin1String(id), amount);
+        t.cleared = true;
+        t.reconciled = reconciled;
+        QVERIFY(m_repo->insert(t));
+    };
+    add("a", kAccount, QDate(2026, 1, 10), -2500, true);
+    add("b", kAccount, QDate(2026, 1, 3), 40000, true);
+    add("cleared only", kAccount, QDate(2026, 2, 1), -100, false);
+    add("deleted", kAccount, QDate(2026, 3, 1), -700, true);
+    add("elsewhere", QStringLiteral("other"), QDate(2026, 4, 1), 999, true);
+    QVERIFY(m_repo->softDelete(QStringLiteral("deleted")));
+
+    const TransactionRepository::ReconciledTotal total = m_repo->getReconciledTotal(kAccount);
+    QCOMPARE(total.amount, qint64(37500)); // the starting balance is the account's, not in here
+    QCOMPARE(total.latestDate, QDate(2026, 1, 10));
 }
 
 void TstTransactionRepository::softDeletedRowLeavesEveryListButById()

@@ -4,9 +4,13 @@
 #include "data/ReconciliationRepository.h"
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
+#include "services/RecurringService.h"
 #include "support/Fixtures.h"
 #include "ui/MainWindow.h"
 #include "ui/Prompt.h"
+#include "ui/ReconciliationScreen.h"
+#include "ui/RecurringScreen.h"
+#include "ui/register/RegisterScreen.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -14,11 +18,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QShortcut>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 
 #include <memory>
+#include <tuple>
 
 class TstMainWindow : public QObject {
     Q_OBJECT
@@ -34,6 +41,8 @@ private slots:
     void deleteCascadesAndLeavesTheRegister();
     void initialPage_data();
     void initialPage();
+    void autoPostRunsAtStartAndTheDueCountFollows();
+    void reconcileAndRecurringOpenAsWindows();
 
 private:
     // A fresh data directory, AppState and window; accounts are added before the window is built.
@@ -249,6 +258,69 @@ void TstMainWindow::initialPage()
     QCOMPARE(m_state->currentAccountId(), expected.isEmpty() ? lastViewed : expected);
     QCOMPARE(m_window->currentPage(),
              expected.isEmpty() ? m_window->welcomePage() : m_window->registerPage());
+}
+
+void TstMainWindow::autoPostRunsAtStartAndTheDueCountFollows()
+{
+    QVERIFY(m_state->accounts()->insert(Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))));
+    const QDate today = QDate::currentDate();
+    for (const auto &[id, daysBehind, autoPost] : {
+             std::tuple{"auto",   7,  true },
+             std::tuple{"manual", 1,  false},
+             std::tuple{"later",  -3, true }
+    }) {
+        RecurringTransaction rule;
+        rule.id = QLatin1String(id);
+        rule.accountId = QStringLiteral("a");
+        rule.payee = rule.id;
+        rule.amount = -1000;
+        rule.frequency = Frequency::Weekly;
+        rule.startDate = rule.nextDueDate = today.addDays(-daysBehind);
+        rule.autoPost = autoPost;
+        rule.createdAt = rule.updatedAt = utcNow();
+        QVERIFY(m_state->recurring()->insert(rule));
+    }
+    start();
+
+    QCOMPARE(m_state->transactions()->getByAccount(QStringLiteral("a")).size(), 2);
+    QCOMPARE(m_window->statusBar()->currentMessage(),
+             QStringLiteral("Auto-posted 2 recurring transaction(s)"));
+    QCOMPARE(m_window->findChild<QLabel *>(QStringLiteral("totalLabel"))->text(),
+             QStringLiteral("Total: -$20.00"));
+    auto *due = m_window->findChild<QLabel *>(QStringLiteral("recurringDueLabel"));
+    QCOMPARE(due->text(), QStringLiteral("  •  1 recurring due"));
+
+    QVERIFY(m_state->recurringService()->skip(QStringLiteral("manual")));
+    QVERIFY(due->isHidden());
+}
+
+void TstMainWindow::reconcileAndRecurringOpenAsWindows()
+{
+    start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))});
+    QPushButton *reconcile = nullptr;
+    for (QPushButton *button : m_window->registerPage()->findChildren<QPushButton *>()) {
+        if (button->text() == QStringLiteral("Reconcile"))
+            reconcile = button;
+    }
+    QVERIFY(reconcile);
+    reconcile->click();
+    QList<ReconciliationScreen *> screens = m_window->findChildren<ReconciliationScreen *>();
+    QCOMPARE(screens.size(), 1);
+    QVERIFY(screens.first()->isWindow() && screens.first()->isVisible());
+    QCOMPARE(screens.first()->windowTitle(), QStringLiteral("Reconcile — Checking"));
+
+    // Each opening is a new window; a cancelled one is gone.
+    m_window->showReconciliationWindow();
+    QCOMPARE(m_window->findChildren<ReconciliationScreen *>().size(), 2);
+    screens.first()->findChild<QPushButton *>(QStringLiteral("cancelButton"))->click();
+    QTRY_COMPARE(m_window->findChildren<ReconciliationScreen *>().size(), 1);
+
+    m_window->showRecurringWindow();
+    m_window->showRecurringWindow();
+    const QList<RecurringScreen *> recurring = m_window->findChildren<RecurringScreen *>();
+    QCOMPARE(recurring.size(), 1);
+    QVERIFY(recurring.first()->isWindow() && recurring.first()->isVisible());
+    QCOMPARE(recurring.first()->windowTitle(), QStringLiteral("Recurring Transactions"));
 }
 
 // Settings and data go to temporary places so the user's own are never touched.
