@@ -10,6 +10,7 @@
 #include "data/RecurringRepository.h"
 #include "data/SplitLineRepository.h"
 #include "data/TransactionRepository.h"
+#include "services/BackupService.h"
 #include "services/CategoryService.h"
 
 #include <QApplication>
@@ -44,6 +45,7 @@ bool AppState::initialize()
     m_recurring = new RecurringRepository(m_database, this);
     m_reconciliations = new ReconciliationRepository(m_database, this);
     m_categoryService = new CategoryService(m_categories, this);
+    m_backupService = new BackupService(m_database, this);
 
     applyAppearance();
 

@@ -4,6 +4,7 @@
 #include <QString>
 
 class AccountRepository;
+class BackupService;
 class CategoryRepository;
 class CategoryService;
 class Database;
@@ -34,6 +35,7 @@ public:
     RecurringRepository *recurring() const { return m_recurring; }
     ReconciliationRepository *reconciliations() const { return m_reconciliations; }
     CategoryService *categoryService() const { return m_categoryService; }
+    BackupService *backupService() const { return m_backupService; }
     ThemeManager *themeManager() const { return m_themeManager; }
 
     QString currentAccountId() const { return m_currentAccountId; }
@@ -56,6 +58,7 @@ private:
     RecurringRepository *m_recurring = nullptr;
     ReconciliationRepository *m_reconciliations = nullptr;
     CategoryService *m_categoryService = nullptr;
+    BackupService *m_backupService = nullptr;
     ThemeManager *m_themeManager = nullptr;
     QString m_currentAccountId;
 };
