@@ -13,6 +13,7 @@ class QShortcut;
 class QSplitter;
 class QStackedWidget;
 class RegisterScreen;
+class SettingsScreen;
 class StatusBar;
 class WelcomeScreen;
 
@@ -65,6 +66,8 @@ private:
     bool hasCurrentAccount();
     void showKeyboardShortcuts();
     void showAbout();
+    void loadSampleData();
+    void clearSampleData();
 
     AppState *m_state = nullptr;
     QListWidget *m_accountList = nullptr;
@@ -78,4 +81,5 @@ private:
     QAction *m_accountAction = nullptr;
     StatusBar *m_statusBar = nullptr;
     QList<QShortcut *> m_accountShortcuts;
+    SettingsScreen *m_settingsScreen = nullptr;
 };
