@@ -406,17 +406,16 @@ BackupImportResult BackupService::importFromZip(const QByteArray &data, BackupIm
     for (int k = 0; k < kKindCount; ++k) {
         TableMerge table(db, QLatin1String(kKinds[k].table));
         for (const int index : std::as_const(entries[k])) {
-            const QString path = QString::fromUtf8(zip.name(index));
             try {
                 const QJsonObject row = QJsonDocument::fromJson(zip.read(index)).object();
                 if (row.isEmpty())
-                    result.errors << tr("%1: invalid JSON").arg(path);
+                    result.errors << tr("%1: invalid JSON").arg(QString::fromUtf8(zip.name(index)));
                 else if (table.merge(row, mode))
                     ++*imported[k];
                 else
                     ++*skipped[k];
             } catch (const std::exception &) {
-                result.errors << tr("%1: unexpected error").arg(path);
+                result.errors << tr("%1: unexpected error").arg(QString::fromUtf8(zip.name(index)));
             }
             ++done;
             if (grouped && done % kCommitEvery == 0) {

@@ -514,7 +514,11 @@ void SettingsScreen::importBackup()
         return;
     }
     // A file over the limit is not read at all: the service refuses it as it refuses any other non-backup.
-    const QByteArray data = file.size() > BackupService::kMaxArchiveSize ? QByteArray() : file.readAll();
+    const bool tooLarge = file.size() > BackupService::kMaxArchiveSize;
+    if (tooLarge)
+        qWarning().noquote() << "Backup import: the file is larger than" << BackupService::kMaxArchiveSize
+                             << "bytes";
+    const QByteArray data = tooLarge ? QByteArray() : file.readAll();
     if (file.error() != QFileDevice::NoError) {
         Prompt::warning(this, tr("Import Failed"), tr("Could not read file."), QMessageBox::Ok,
                         QMessageBox::Ok);

@@ -33,7 +33,6 @@ class TstSettingsScreen : public QObject {
 private slots:
     void init();
     void cleanup();
-    void categoriesSwitchPages();
     void noDeletedAccountMeansNoSection();
     void restoreBringsBackWhatTheCascadeTook();
     void restoreWindowIsTenSeconds_data();
@@ -109,20 +108,6 @@ void TstSettingsScreen::deletedAccount(const QString &accountDeletedAt, const QS
     q.prepare(QStringLiteral("UPDATE accounts SET deleted_at = ? WHERE id = 'acc'"));
     q.addBindValue(accountDeletedAt);
     QVERIFY(q.exec());
-}
-
-void TstSettingsScreen::categoriesSwitchPages()
-{
-    start();
-    auto *list = m_screen->findChild<QListWidget *>(QStringLiteral("categoryList"));
-    auto *pages = m_screen->findChild<QStackedWidget *>();
-    QStringList names;
-    for (int row = 0; row < list->count(); ++row)
-        names << list->item(row)->text();
-    QCOMPARE(names, (QStringList{"General", "Register", "Data & Sync", "About"}));
-    list->setCurrentRow(2);
-    QCOMPARE(pages->currentIndex(), 2);
-    QVERIFY(button("exportBackupButton")->isVisible());
 }
 
 void TstSettingsScreen::noDeletedAccountMeansNoSection()
