@@ -1,6 +1,7 @@
 // Times the storage paths a heavy household leans on, each against the same work done straight on
 // the SQLite C API, and prints one table. Everything happens in temporary directories.
 
+#include "BackupBench.h"
 #include "ReconciliationBench.h"
 #include "RecurringBench.h"
 #include "RegisterBench.h"
@@ -34,6 +35,7 @@ constexpr double kRegisterMaxMs = 120.0;
 constexpr double kSearchMaxMs = 20.0;
 constexpr double kScreenMaxMs = 150.0;
 constexpr int kScreenRuns = 5;
+constexpr int kBackupRuns = 3;
 
 struct Timing {
     double ms = 0;
@@ -258,6 +260,10 @@ int main(int argc, char *argv[])
     if (!benchReconciliationScreen(household->directory(), household->path(), account, kScreenRuns) ||
         !benchAutoPost(household->path(), options.lastDate, kSeedRuns)) {
         std::fprintf(stderr, "ombrel_bench: the household could not be opened again\n");
+        return 1;
+    }
+    if (!runBackupBench(household->path(), kBackupRuns)) {
+        std::fprintf(stderr, "ombrel_bench: the backup round trip lost or changed rows\n");
         return 1;
     }
     return same ? 0 : 1;

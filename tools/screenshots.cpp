@@ -18,6 +18,7 @@
 #include "ui/ReconciliationScreen.h"
 #include "ui/RecurringFormDialog.h"
 #include "ui/RecurringScreen.h"
+#include "ui/SettingsScreen.h"
 #include "ui/StatusBar.h"
 #include "ui/WelcomeScreen.h"
 #include "ui/register/RegisterModel.h"
@@ -29,6 +30,7 @@
 #include <QDoubleSpinBox>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QListWidget>
 #include <QStackedWidget>
 #include <QTableWidget>
 #include <QTemporaryDir>
@@ -250,6 +252,22 @@ QWidget *recurringForm()
     return new RecurringFormDialog(rule, g_state->accounts()->getAll(), g_state->categories()->getAll());
 }
 
+// The preferences on one of their pages; the data page lists a deleted account.
+QWidget *settingsPage(int page)
+{
+    static const bool closedAccount = [] {
+        Account closed;
+        closed.id = QStringLiteral("acc-closed");
+        closed.name = QStringLiteral("Old Joint Savings");
+        closed.createdAt = closed.updatedAt = utcNow();
+        return g_state->accounts()->insert(closed) && g_state->accounts()->softDelete(closed.id);
+    }();
+    Q_UNUSED(closedAccount);
+    auto *screen = new SettingsScreen(g_state);
+    screen->findChild<QListWidget *>(QStringLiteral("categoryList"))->setCurrentRow(page);
+    return screen;
+}
+
 const QSize kPageSize(1000, 700);
 const QSize kWindowSize(1280, 800);
 const QSize kBarSize(900, 120);
@@ -270,6 +288,10 @@ const Page kPages[] = {
     {"reconcile",     QSize(1100, 720), reconciliationPage                },
     {"history",       QSize(750, 500),  [] { return historyPage("acc-0"); }},
     {"historyempty",  QSize(750, 500),  [] { return historyPage("acc-1"); }},
+    {"settings-general",  QSize(500, 550), [] { return settingsPage(0); }},
+    {"settings-register", QSize(500, 550), [] { return settingsPage(1); }},
+    {"settings-data",     QSize(500, 550), [] { return settingsPage(2); }},
+    {"settings-about",    QSize(500, 550), [] { return settingsPage(3); }},
 };
 // clang-format on
 

@@ -10,6 +10,7 @@
 #include "data/RecurringRepository.h"
 #include "data/SplitLineRepository.h"
 #include "data/TransactionRepository.h"
+#include "services/BackupService.h"
 #include "services/CategoryService.h"
 #include "services/RecurringService.h"
 
@@ -46,6 +47,7 @@ bool AppState::initialize()
     m_reconciliations = new ReconciliationRepository(m_database, this);
     m_categoryService = new CategoryService(m_categories, this);
     m_recurringService = new RecurringService(m_recurring, m_transactions, m_accounts, this);
+    m_backupService = new BackupService(m_database, this);
 
     applyAppearance();
 

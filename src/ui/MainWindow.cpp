@@ -9,12 +9,14 @@
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
 #include "services/RecurringService.h"
+#include "services/SampleDataService.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/ElidedLabel.h"
 #include "ui/Prompt.h"
 #include "ui/ReconciliationHistoryScreen.h"
 #include "ui/ReconciliationScreen.h"
 #include "ui/RecurringScreen.h"
+#include "ui/SettingsScreen.h"
 #include "ui/StatusBar.h"
 #include "ui/UiStyle.h"
 #include "ui/WelcomeScreen.h"
@@ -272,8 +274,8 @@ void MainWindow::setupMenuBar()
     help->addAction(tr("&Keyboard Shortcuts"), this, &MainWindow::showKeyboardShortcuts);
     if (!qEnvironmentVariable("OMBREL_DEV").isEmpty()) {
         help->addSeparator();
-        help->addAction(tr("Load &Sample Data"));
-        help->addAction(tr("&Clear Sample Data"));
+        help->addAction(tr("Load &Sample Data"), this, &MainWindow::loadSampleData);
+        help->addAction(tr("&Clear Sample Data"), this, &MainWindow::clearSampleData);
     }
 }
 
@@ -614,7 +616,6 @@ void MainWindow::showEditAccountDialog()
 void MainWindow::showReportsWindow() {}
 void MainWindow::showSearchWindow() {}
 void MainWindow::showCategoriesWindow() {}
-void MainWindow::showSettingsWindow() {}
 void MainWindow::showImportWindow() {}
 void MainWindow::showPayeesWindow() {}
 
@@ -649,6 +650,19 @@ void MainWindow::showRecurringWindow()
     }
     m_recurringScreen->refresh();
     presentScreen(m_recurringScreen, tr("Recurring Transactions"), QSize(700, 500));
+}
+
+void MainWindow::showSettingsWindow()
+{
+    if (!m_settingsScreen) {
+        m_settingsScreen = new SettingsScreen(m_state);
+        connect(m_settingsScreen, &SettingsScreen::deletedAccountRestored, this, [this] {
+            onAccountsChanged();
+            m_registerPage->refresh();
+        });
+    }
+    m_settingsScreen->refresh();
+    presentScreen(m_settingsScreen, tr("Preferences"), QSize(500, 550));
 }
 
 // A new window each time: its ticks belong to one sitting and are never stored before it finishes.
@@ -794,6 +808,34 @@ void MainWindow::showKeyboardShortcuts()
         text = text.arg(
             QKeySequence(QString::fromLatin1(keys)).toString(QKeySequence::NativeText).toHtmlEscaped());
     Prompt::information(this, tr("Keyboard Shortcuts"), text);
+}
+
+void MainWindow::loadSampleData()
+{
+    SampleDataService sampleData(m_state->database());
+    if (sampleData.hasSampleData()) {
+        Prompt::information(this, tr("Sample Data"), tr("Sample data is already loaded."));
+        return;
+    }
+    sampleData.loadSampleData();
+    onAccountsChanged();
+    m_statusBar->showTimedMessage(tr("Sample data loaded"), kStatusShort);
+}
+
+void MainWindow::clearSampleData()
+{
+    SampleDataService sampleData(m_state->database());
+    if (!sampleData.hasSampleData()) {
+        Prompt::information(this, tr("Sample Data"), tr("No sample data to clear."));
+        return;
+    }
+    sampleData.clearSampleData();
+    // The rows are gone for good, so the register must not keep showing one of them.
+    if (m_state->currentAccountId().startsWith(QLatin1String("sample-")))
+        m_state->setCurrentAccountId(QString());
+    onAccountsChanged();
+    showNoAccountPage();
+    m_statusBar->showTimedMessage(tr("Sample data cleared"), kStatusShort);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

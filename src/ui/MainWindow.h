@@ -15,6 +15,7 @@ class QStackedWidget;
 class ReconciliationHistoryScreen;
 class RecurringScreen;
 class RegisterScreen;
+class SettingsScreen;
 class StatusBar;
 class WelcomeScreen;
 
@@ -70,6 +71,8 @@ private:
     void postDueRecurring();
     void showRecurringDue();
     void presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize);
+    void loadSampleData();
+    void clearSampleData();
 
     AppState *m_state = nullptr;
     QListWidget *m_accountList = nullptr;
@@ -85,4 +88,5 @@ private:
     QList<QShortcut *> m_accountShortcuts;
     RecurringScreen *m_recurringScreen = nullptr;
     ReconciliationHistoryScreen *m_reconciliationHistoryScreen = nullptr;
+    SettingsScreen *m_settingsScreen = nullptr;
 };

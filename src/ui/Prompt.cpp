@@ -1,6 +1,8 @@
 #include "ui/Prompt.h"
 
 #include <QDialog>
+#include <QFileDialog>
+#include <QInputDialog>
 #include <QList>
 
 namespace {
@@ -8,6 +10,9 @@ namespace {
 struct Scripted {
     QList<QMessageBox::StandardButton> answers;
     QList<std::function<int(QDialog *)>> dialogHandlers;
+    QStringList fileNames;
+    QList<QStringList> openFileNames;
+    QStringList items;
     QString lastTitle;
     QString lastText;
 };
@@ -85,6 +90,41 @@ int Prompt::exec(QDialog *dialog)
     return dialog->exec();
 }
 
+QString Prompt::saveFileName(QWidget *parent, const QString &title, const QString &name,
+                             const QString &filter)
+{
+    Scripted &s = scripted();
+    s.lastTitle = title;
+    s.lastText = name;
+    if (!s.fileNames.isEmpty())
+        return s.fileNames.takeFirst();
+    return QFileDialog::getSaveFileName(parent, title, name, filter);
+}
+
+QString Prompt::openFileName(QWidget *parent, const QString &title, const QString &filter)
+{
+    Scripted &s = scripted();
+    s.lastTitle = title;
+    if (!s.openFileNames.isEmpty())
+        return s.openFileNames.takeFirst().value(0);
+    return QFileDialog::getOpenFileName(parent, title, QString(), filter);
+}
+
+std::optional<QString> Prompt::getItem(QWidget *parent, const QString &title, const QString &label,
+                                       const QStringList &items)
+{
+    Scripted &s = scripted();
+    s.lastTitle = title;
+    s.lastText = label;
+    if (!s.items.isEmpty()) {
+        const QString item = s.items.takeFirst();
+        return item.isEmpty() ? std::nullopt : std::optional<QString>(item);
+    }
+    bool ok = false;
+    const QString item = QInputDialog::getItem(parent, title, label, items, 0, false, &ok);
+    return ok ? std::optional<QString>(item) : std::nullopt;
+}
+
 void Prompt::setNextDialogHandler(std::function<int(QDialog *)> handler)
 {
     scripted().dialogHandlers.append(std::move(handler));
@@ -93,6 +133,21 @@ void Prompt::setNextDialogHandler(std::function<int(QDialog *)> handler)
 void Prompt::setNextAnswer(QMessageBox::StandardButton answer)
 {
     scripted().answers.append(answer);
+}
+
+void Prompt::setNextFileName(const QString &path)
+{
+    scripted().fileNames.append(path);
+}
+
+void Prompt::setNextOpenFileNames(const QStringList &paths)
+{
+    scripted().openFileNames.append(paths);
+}
+
+void Prompt::setNextItem(const QString &item)
+{
+    scripted().items.append(item);
 }
 
 QString Prompt::lastTitle()

@@ -2,8 +2,10 @@
 
 #include <QMessageBox>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
+#include <optional>
 
 class QDialog;
 
@@ -24,12 +26,26 @@ public:
     static void about(QWidget *parent, const QString &title, const QString &text);
     // Runs a form modally and gives its result code.
     static int exec(QDialog *dialog);
+    // The save dialog, proposing name; an empty result means the user cancelled.
+    static QString saveFileName(QWidget *parent, const QString &title, const QString &name,
+                                const QString &filter);
+    // The open dialog; empty when the user cancelled.
+    static QString openFileName(QWidget *parent, const QString &title, const QString &filter);
+    // A choice from a fixed list, the first item proposed; nothing when the user cancelled.
+    static std::optional<QString> getItem(QWidget *parent, const QString &title, const QString &label,
+                                          const QStringList &items);
 
     // Tests only: the next dialog given to exec() is handed to this instead of entering a modal loop;
     // it fills the form as a user would and returns the result code.
     static void setNextDialogHandler(std::function<int(QDialog *)> handler);
     // Tests only: the next box is not shown; it returns this answer and remembers what it would have said.
     static void setNextAnswer(QMessageBox::StandardButton answer);
+    // Tests only: the next save dialog is not shown and gives this path; an empty one is a cancel.
+    static void setNextFileName(const QString &path);
+    // Tests only: the next open dialog is not shown and gives the first of these paths (none: cancelled).
+    static void setNextOpenFileNames(const QStringList &paths);
+    // Tests only: the next list choice is not shown and gives this item; an empty one is a cancel.
+    static void setNextItem(const QString &item);
     static QString lastTitle();
     static QString lastText();
 };

@@ -10,6 +10,8 @@
 #include "ui/Prompt.h"
 #include "ui/ReconciliationScreen.h"
 #include "ui/RecurringScreen.h"
+#include "ui/SettingsScreen.h"
+#include "ui/StatusBar.h"
 #include "ui/register/RegisterScreen.h"
 
 #include <QApplication>
@@ -18,6 +20,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
@@ -43,6 +46,10 @@ private slots:
     void initialPage();
     void autoPostRunsAtStartAndTheDueCountFollows();
     void reconcileAndRecurringOpenAsWindows();
+    void sampleDataEntriesOnlyInDevelopment_data();
+    void sampleDataEntriesOnlyInDevelopment();
+    void sampleDataLoadsAndClearsFromTheMenu();
+    void restoreInPreferencesReloadsTheList();
 
 private:
     // A fresh data directory, AppState and window; accounts are added before the window is built.
@@ -321,6 +328,84 @@ void TstMainWindow::reconcileAndRecurringOpenAsWindows()
     QCOMPARE(recurring.size(), 1);
     QVERIFY(recurring.first()->isWindow() && recurring.first()->isVisible());
     QCOMPARE(recurring.first()->windowTitle(), QStringLiteral("Recurring Transactions"));
+}
+
+void TstMainWindow::sampleDataEntriesOnlyInDevelopment_data()
+{
+    QTest::addColumn<QByteArray>("dev");
+    QTest::addColumn<bool>("shown");
+    QTest::newRow("unset") << QByteArray() << false;
+    QTest::newRow("set") << QByteArray("1") << true;
+}
+
+void TstMainWindow::sampleDataEntriesOnlyInDevelopment()
+{
+    QFETCH(QByteArray, dev);
+    QFETCH(bool, shown);
+    qputenv("OMBREL_DEV", dev);
+    start();
+    qunsetenv("OMBREL_DEV");
+    QStringList entries;
+    for (const QAction *action : m_window->menuBar()->findChildren<QAction *>())
+        entries << action->text();
+    QCOMPARE(entries.contains(QStringLiteral("Load &Sample Data")), shown);
+    QCOMPARE(entries.contains(QStringLiteral("&Clear Sample Data")), shown);
+}
+
+void TstMainWindow::sampleDataLoadsAndClearsFromTheMenu()
+{
+    qputenv("OMBREL_DEV", "1");
+    start();
+    qunsetenv("OMBREL_DEV");
+    const auto trigger = [this](const QString &text) {
+        for (QAction *action : m_window->menuBar()->findChildren<QAction *>()) {
+            if (action->text() == text)
+                action->trigger();
+        }
+    };
+    auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
+    auto *status = m_window->findChild<StatusBar *>();
+
+    trigger(QStringLiteral("Load &Sample Data"));
+    QCOMPARE(list->count(), 3);
+    QCOMPARE(status->currentMessage(), QStringLiteral("Sample data loaded"));
+    Prompt::setNextAnswer(QMessageBox::Ok);
+    trigger(QStringLiteral("Load &Sample Data"));
+    QCOMPARE(Prompt::lastText(), QStringLiteral("Sample data is already loaded."));
+    QCOMPARE(m_state->transactions()->getByAccount(QStringLiteral("sample-acct-checking")).size(), 27);
+
+    m_window->selectAccount(QStringLiteral("sample-acct-visa"));
+    trigger(QStringLiteral("&Clear Sample Data"));
+    QCOMPARE(list->count(), 0);
+    QCOMPARE(status->currentMessage(), QStringLiteral("Sample data cleared"));
+    QCOMPARE(m_window->currentPage(), m_window->welcomePage());
+    QCOMPARE(m_state->currentAccountId(), QString());
+    Prompt::setNextAnswer(QMessageBox::Ok);
+    trigger(QStringLiteral("&Clear Sample Data"));
+    QCOMPARE(Prompt::lastTitle(), QStringLiteral("Sample Data"));
+    QCOMPARE(Prompt::lastText(), QStringLiteral("No sample data to clear."));
+}
+
+void TstMainWindow::restoreInPreferencesReloadsTheList()
+{
+    start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking")),
+           Fixtures::account(QStringLiteral("b"), QStringLiteral("Savings"))});
+    Prompt::setNextAnswer(QMessageBox::Yes);
+    m_window->deleteAccount(QStringLiteral("b"));
+    auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
+    QCOMPARE(list->count(), 1);
+
+    m_window->showSettingsWindow();
+    auto *settings = m_window->findChild<SettingsScreen *>();
+    QVERIFY(settings && settings->isVisible());
+    QCOMPARE(settings->windowTitle(), QStringLiteral("Preferences"));
+    settings->findChild<QListWidget *>(QStringLiteral("deletedAccountsList"))->setCurrentRow(0);
+    settings->findChild<QPushButton *>(QStringLiteral("restoreAccountButton"))->click();
+    QCOMPARE(list->count(), 2);
+    // A second opening raises the same window, refreshed.
+    m_window->showSettingsWindow();
+    QCOMPARE(m_window->findChildren<SettingsScreen *>().size(), 1);
+    QVERIFY(settings->findChild<QWidget *>(QStringLiteral("deletedAccountsSection"))->isHidden());
 }
 
 // Settings and data go to temporary places so the user's own are never touched.
