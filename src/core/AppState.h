@@ -10,6 +10,7 @@ class Database;
 class PreferencesRepository;
 class ReconciliationRepository;
 class RecurringRepository;
+class ReportService;
 class SplitLineRepository;
 class ThemeManager;
 class TransactionRepository;
@@ -34,6 +35,7 @@ public:
     RecurringRepository *recurring() const { return m_recurring; }
     ReconciliationRepository *reconciliations() const { return m_reconciliations; }
     CategoryService *categoryService() const { return m_categoryService; }
+    ReportService *reportService() const { return m_reportService; }
     ThemeManager *themeManager() const { return m_themeManager; }
 
     QString currentAccountId() const { return m_currentAccountId; }
@@ -56,6 +58,7 @@ private:
     RecurringRepository *m_recurring = nullptr;
     ReconciliationRepository *m_reconciliations = nullptr;
     CategoryService *m_categoryService = nullptr;
+    ReportService *m_reportService = nullptr;
     ThemeManager *m_themeManager = nullptr;
     QString m_currentAccountId;
 };
