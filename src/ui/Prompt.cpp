@@ -1,6 +1,7 @@
 #include "ui/Prompt.h"
 
 #include <QDialog>
+#include <QFileDialog>
 #include <QList>
 
 namespace {
@@ -8,6 +9,7 @@ namespace {
 struct Scripted {
     QList<QMessageBox::StandardButton> answers;
     QList<std::function<int(QDialog *)>> dialogHandlers;
+    QStringList fileNames;
     QString lastTitle;
     QString lastText;
 };
@@ -85,6 +87,17 @@ int Prompt::exec(QDialog *dialog)
     return dialog->exec();
 }
 
+QString Prompt::saveFileName(QWidget *parent, const QString &title, const QString &name,
+                             const QString &filter)
+{
+    Scripted &s = scripted();
+    s.lastTitle = title;
+    s.lastText = name;
+    if (!s.fileNames.isEmpty())
+        return s.fileNames.takeFirst();
+    return QFileDialog::getSaveFileName(parent, title, name, filter);
+}
+
 void Prompt::setNextDialogHandler(std::function<int(QDialog *)> handler)
 {
     scripted().dialogHandlers.append(std::move(handler));
@@ -93,6 +106,11 @@ void Prompt::setNextDialogHandler(std::function<int(QDialog *)> handler)
 void Prompt::setNextAnswer(QMessageBox::StandardButton answer)
 {
     scripted().answers.append(answer);
+}
+
+void Prompt::setNextFileName(const QString &path)
+{
+    scripted().fileNames.append(path);
 }
 
 QString Prompt::lastTitle()

@@ -24,12 +24,17 @@ public:
     static void about(QWidget *parent, const QString &title, const QString &text);
     // Runs a form modally and gives its result code.
     static int exec(QDialog *dialog);
+    // The save dialog, proposing name; an empty result means the user cancelled.
+    static QString saveFileName(QWidget *parent, const QString &title, const QString &name,
+                                const QString &filter);
 
     // Tests only: the next dialog given to exec() is handed to this instead of entering a modal loop;
     // it fills the form as a user would and returns the result code.
     static void setNextDialogHandler(std::function<int(QDialog *)> handler);
     // Tests only: the next box is not shown; it returns this answer and remembers what it would have said.
     static void setNextAnswer(QMessageBox::StandardButton answer);
+    // Tests only: the next save dialog is not shown and gives this path; an empty one is a cancel.
+    static void setNextFileName(const QString &path);
     static QString lastTitle();
     static QString lastText();
 };
