@@ -9,8 +9,12 @@
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
 #include "ui/AccountFormDialog.h"
+#include "ui/CategoriesScreen.h"
 #include "ui/ElidedLabel.h"
+#include "ui/PayeeScreen.h"
 #include "ui/Prompt.h"
+#include "ui/ReportsScreen.h"
+#include "ui/SearchScreen.h"
 #include "ui/StatusBar.h"
 #include "ui/UiStyle.h"
 #include "ui/WelcomeScreen.h"
@@ -582,14 +586,60 @@ void MainWindow::showEditAccountDialog()
     m_registerPage->refresh();
 }
 
+void MainWindow::showScreen(QWidget *screen, const QString &title, const QSize &size)
+{
+    screen->setWindowTitle(title);
+    if (!screen->parentWidget()) {
+        screen->setParent(this, Qt::Window);
+        screen->resize(size);
+    }
+    if (screen->isMinimized())
+        screen->setWindowState(screen->windowState() & ~Qt::WindowMinimized);
+    if (screen->isHidden())
+        screen->show();
+    screen->raise();
+    screen->activateWindow();
+}
+
+void MainWindow::showReportsWindow()
+{
+    if (!m_reportsScreen)
+        m_reportsScreen = new ReportsScreen(m_state);
+    m_reportsScreen->refresh();
+    showScreen(m_reportsScreen, tr("Reports"), QSize(800, 600));
+}
+
+void MainWindow::showSearchWindow()
+{
+    if (!m_searchScreen)
+        m_searchScreen = new SearchScreen(m_state);
+    m_searchScreen->reloadFilters();
+    showScreen(m_searchScreen, tr("Search Transactions"), QSize(800, 550));
+    m_searchScreen->focusSearchField();
+}
+
+void MainWindow::showCategoriesWindow()
+{
+    if (!m_categoriesScreen)
+        m_categoriesScreen = new CategoriesScreen(m_state);
+    m_categoriesScreen->refresh();
+    showScreen(m_categoriesScreen, tr("Categories"), QSize(600, 500));
+}
+
+void MainWindow::showPayeesWindow()
+{
+    if (!m_payeeScreen) {
+        m_payeeScreen = new PayeeScreen(m_state);
+        connect(m_payeeScreen, &PayeeScreen::payeesChanged, m_registerPage, &RegisterScreen::refresh);
+    }
+    m_payeeScreen->reload();
+    showScreen(m_payeeScreen, tr("Payee Management"), QSize(550, 500));
+}
+
 // The screens behind these entries come with their own work; the entries stand in the menus already.
-void MainWindow::showReportsWindow() {}
 void MainWindow::showRecurringWindow() {}
-void MainWindow::showSearchWindow() {}
-void MainWindow::showCategoriesWindow() {}
 void MainWindow::showSettingsWindow() {}
 void MainWindow::showImportWindow() {}
-void MainWindow::showPayeesWindow() {}
 
 void MainWindow::showReconciliationWindow()
 {

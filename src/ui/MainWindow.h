@@ -5,6 +5,8 @@
 #include <QString>
 
 class AppState;
+class CategoriesScreen;
+class PayeeScreen;
 class QAction;
 class QLabel;
 class QListWidget;
@@ -13,6 +15,8 @@ class QShortcut;
 class QSplitter;
 class QStackedWidget;
 class RegisterScreen;
+class ReportsScreen;
+class SearchScreen;
 class StatusBar;
 class WelcomeScreen;
 
@@ -65,6 +69,8 @@ private:
     bool hasCurrentAccount();
     void showKeyboardShortcuts();
     void showAbout();
+    // Shows a screen in a window of its own, sized once on first use, and brings it to the front.
+    void showScreen(QWidget *screen, const QString &title, const QSize &size);
 
     AppState *m_state = nullptr;
     QListWidget *m_accountList = nullptr;
@@ -78,4 +84,8 @@ private:
     QAction *m_accountAction = nullptr;
     StatusBar *m_statusBar = nullptr;
     QList<QShortcut *> m_accountShortcuts;
+    ReportsScreen *m_reportsScreen = nullptr;
+    SearchScreen *m_searchScreen = nullptr;
+    CategoriesScreen *m_categoriesScreen = nullptr;
+    PayeeScreen *m_payeeScreen = nullptr;
 };
