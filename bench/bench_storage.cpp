@@ -2,6 +2,7 @@
 // the SQLite C API, and prints one table. Everything happens in temporary directories.
 
 #include "RegisterBench.h"
+#include "ReportBench.h"
 #include "SqliteBaseline.h"
 
 #include "HouseholdGenerator.h"
@@ -250,5 +251,7 @@ int main(int argc, char *argv[])
               screen.commitRepositoryMs);
     std::printf("%-44s %10.1f MiB\n", "resident memory with the account open",
                 double(screen.residentKiB) / 1024.0);
+
+    same = runReportBench(household->directory(), household->path(), word, kReadRuns) && same;
     return same ? 0 : 1;
 }
