@@ -24,7 +24,6 @@ private slots:
     void init();
     void cleanup();
     void orphanStandsAtTheTop();
-    void modelColumns();
     void filterOnAChildKeepsItsParent();
     void expandedBranchesSurviveADelete();
     void contextMenuHasTwoLevels_data();
@@ -130,21 +129,6 @@ void TstCategoriesScreen::orphanStandsAtTheTop()
     // A reload frees the old tree and builds the new one.
     model.setCategories({});
     QCOMPARE(model.rowCount(), 0);
-}
-
-void TstCategoriesScreen::modelColumns()
-{
-    const CategoryTreeModel *model = m_screen->model();
-    const QModelIndex home = model->indexOfId(QStringLiteral("home"));
-    const QModelIndex pay = model->indexOfId(QStringLiteral("pay"));
-    QVERIFY(home.data(Qt::FontRole).value<QFont>().bold());
-    QVERIFY(!pay.data(Qt::FontRole).isValid());
-    QCOMPARE(home.siblingAtColumn(CategoryTreeModel::Type).data().toString(), QStringLiteral("expense"));
-    QCOMPARE(pay.siblingAtColumn(CategoryTreeModel::Type).data().toString(), QStringLiteral("income"));
-    QCOMPARE(pay.siblingAtColumn(CategoryTreeModel::Type).data(Qt::ForegroundRole).value<QColor>(),
-             QColor(0, 136, 0));
-    QCOMPARE(pay.siblingAtColumn(CategoryTreeModel::TaxCode).data().toString(), QStringLiteral("wages"));
-    QCOMPARE(model->headerData(2, Qt::Horizontal).toString(), QStringLiteral("Tax Code"));
 }
 
 void TstCategoriesScreen::filterOnAChildKeepsItsParent()
