@@ -5,6 +5,7 @@
 #include "ReconciliationBench.h"
 #include "RecurringBench.h"
 #include "RegisterBench.h"
+#include "ReportBench.h"
 #include "SqliteBaseline.h"
 
 #include "HouseholdGenerator.h"
@@ -266,5 +267,6 @@ int main(int argc, char *argv[])
         std::fprintf(stderr, "ombrel_bench: the backup round trip lost or changed rows\n");
         return 1;
     }
+    same = runReportBench(household->directory(), household->path(), word, kReadRuns) && same;
     return same ? 0 : 1;
 }

@@ -12,12 +12,16 @@
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
 #include "ui/AccountFormDialog.h"
+#include "ui/CategoriesScreen.h"
 #include "ui/CategoryFormDialog.h"
 #include "ui/MainWindow.h"
+#include "ui/PayeeScreen.h"
 #include "ui/ReconciliationHistoryScreen.h"
 #include "ui/ReconciliationScreen.h"
 #include "ui/RecurringFormDialog.h"
 #include "ui/RecurringScreen.h"
+#include "ui/ReportsScreen.h"
+#include "ui/SearchScreen.h"
 #include "ui/SettingsScreen.h"
 #include "ui/StatusBar.h"
 #include "ui/WelcomeScreen.h"
@@ -26,15 +30,19 @@
 #include "ui/register/RegisterTableView.h"
 
 #include <QApplication>
+#include <QComboBox>
 #include <QDir>
 #include <QDoubleSpinBox>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QStackedWidget>
+#include <QTabWidget>
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTreeView>
 #include <QVBoxLayout>
 
 #include <functional>
@@ -218,6 +226,72 @@ QWidget *registerPage(bool twoLine)
     return screen;
 }
 
+// Categories on the everyday account's rows, so that the reports have more than "Uncategorized".
+void categoriseRows()
+{
+    const std::pair<const char *, const char *> byPayee[] = {
+        {"Corner Grocer",      "Groceries"            },
+        {"City Water Utility", "Water"                },
+        {"Payroll",            "Salary / Wages"       },
+        {"Coffee Roasters",    "Dining & Restaurants" },
+        {"Landlord",           "Rent/Mortgage Payment"},
+        {"Hardware Store",     "Maintenance"          },
+        {"Pharmacy",           "Medical Expenses"     },
+        {"Gas Station",        "Gas/Fuel"             },
+    };
+    for (Transaction t : g_state->transactions()->getByAccount(QStringLiteral("acc-0"))) {
+        for (const auto &[payee, category] : byPayee) {
+            const auto found = g_state->categories()->getByName(QString::fromUtf8(category));
+            if (t.payee == QString::fromUtf8(payee) && found) {
+                t.categoryId = found->id;
+                g_state->transactions()->update(t);
+            }
+        }
+    }
+}
+
+// The reports over all time on one tab; custom shows the date edits of both bars.
+QWidget *reportsPage(ReportsScreen::Tab tab, bool custom)
+{
+    auto *screen = new ReportsScreen(g_state);
+    screen->refresh();
+    screen->findChild<QComboBox *>(QStringLiteral("periodCombo"))->setCurrentIndex(custom ? 10 : 9);
+    if (custom)
+        screen->findChild<QComboBox *>(QStringLiteral("compareCombo"))->setCurrentIndex(3);
+    screen->findChild<QTabWidget *>()->setCurrentIndex(tab);
+    return screen;
+}
+
+QWidget *searchPage()
+{
+    auto *screen = new SearchScreen(g_state);
+    screen->findChild<QLineEdit *>(QStringLiteral("searchEdit"))->setText(QStringLiteral("corner OR coffee"));
+    QMetaObject::invokeMethod(screen, "performSearch");
+    return screen;
+}
+
+QWidget *payeesPage()
+{
+    auto *screen = new PayeeScreen(g_state);
+    auto *list = screen->findChild<QListWidget *>(QStringLiteral("payeeList"));
+    list->item(1)->setSelected(true);
+    list->item(2)->setSelected(true);
+    return screen;
+}
+
+QWidget *categoriesPage()
+{
+    auto *screen = new CategoriesScreen(g_state);
+    QTreeView *tree = screen->view();
+    const QModelIndexList found = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole,
+                                                       QStringLiteral("Housing"), 1, Qt::MatchExactly);
+    if (!found.isEmpty()) {
+        tree->expand(found.first());
+        tree->setCurrentIndex(tree->model()->index(0, 0, found.first()));
+    }
+    return screen;
+}
+
 QWidget *mainWindow()
 {
     return new MainWindow(g_state);
@@ -292,6 +366,13 @@ const Page kPages[] = {
     {"settings-register", QSize(500, 550), [] { return settingsPage(1); }},
     {"settings-data",     QSize(500, 550), [] { return settingsPage(2); }},
     {"settings-about",    QSize(500, 550), [] { return settingsPage(3); }},
+    {"reports",       QSize(800, 600), [] { return reportsPage(ReportsScreen::CategorySpending, false); }},
+    {"reports-flow",  QSize(800, 600), [] { return reportsPage(ReportsScreen::CashFlow, false); }},
+    {"reports-yoy",   QSize(800, 600), [] { return reportsPage(ReportsScreen::YearOverYear, true); }},
+    {"reports-list",  QSize(800, 600), [] { return reportsPage(ReportsScreen::Transactions, false); }},
+    {"search",        QSize(800, 550),  searchPage                    },
+    {"payees",        QSize(550, 500),  payeesPage                    },
+    {"categories",    QSize(600, 500),  categoriesPage                },
 };
 // clang-format on
 
@@ -337,6 +418,7 @@ int main(int argc, char *argv[])
     addRegisterRows();
     addRecurringRules();
     addReconciliations();
+    categoriseRows();
     ThemeManager &theme = *state.themeManager();
 
     const std::pair<ThemeManager::Theme, const char *> themes[] = {

@@ -13,6 +13,7 @@
 #include "services/BackupService.h"
 #include "services/CategoryService.h"
 #include "services/RecurringService.h"
+#include "services/ReportService.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -47,6 +48,7 @@ bool AppState::initialize()
     m_reconciliations = new ReconciliationRepository(m_database, this);
     m_categoryService = new CategoryService(m_categories, this);
     m_recurringService = new RecurringService(m_recurring, m_transactions, m_accounts, this);
+    m_reportService = new ReportService(m_database, this);
     m_backupService = new BackupService(m_database, this);
 
     applyAppearance();

@@ -11,11 +11,15 @@
 #include "services/RecurringService.h"
 #include "services/SampleDataService.h"
 #include "ui/AccountFormDialog.h"
+#include "ui/CategoriesScreen.h"
 #include "ui/ElidedLabel.h"
+#include "ui/PayeeScreen.h"
 #include "ui/Prompt.h"
 #include "ui/ReconciliationHistoryScreen.h"
 #include "ui/ReconciliationScreen.h"
 #include "ui/RecurringScreen.h"
+#include "ui/ReportsScreen.h"
+#include "ui/SearchScreen.h"
 #include "ui/SettingsScreen.h"
 #include "ui/StatusBar.h"
 #include "ui/UiStyle.h"
@@ -612,12 +616,43 @@ void MainWindow::showEditAccountDialog()
     m_registerPage->refresh();
 }
 
+void MainWindow::showReportsWindow()
+{
+    if (!m_reportsScreen)
+        m_reportsScreen = new ReportsScreen(m_state);
+    m_reportsScreen->refresh();
+    presentScreen(m_reportsScreen, tr("Reports"), QSize(800, 600));
+}
+
+void MainWindow::showSearchWindow()
+{
+    if (!m_searchScreen)
+        m_searchScreen = new SearchScreen(m_state);
+    m_searchScreen->reloadFilters();
+    presentScreen(m_searchScreen, tr("Search Transactions"), QSize(800, 550));
+    m_searchScreen->focusSearchField();
+}
+
+void MainWindow::showCategoriesWindow()
+{
+    if (!m_categoriesScreen)
+        m_categoriesScreen = new CategoriesScreen(m_state);
+    m_categoriesScreen->refresh();
+    presentScreen(m_categoriesScreen, tr("Categories"), QSize(600, 500));
+}
+
+void MainWindow::showPayeesWindow()
+{
+    if (!m_payeeScreen) {
+        m_payeeScreen = new PayeeScreen(m_state);
+        connect(m_payeeScreen, &PayeeScreen::payeesChanged, m_registerPage, &RegisterScreen::refresh);
+    }
+    m_payeeScreen->reload();
+    presentScreen(m_payeeScreen, tr("Payee Management"), QSize(550, 500));
+}
+
 // The screens behind these entries come with their own work; the entries stand in the menus already.
-void MainWindow::showReportsWindow() {}
-void MainWindow::showSearchWindow() {}
-void MainWindow::showCategoriesWindow() {}
 void MainWindow::showImportWindow() {}
-void MainWindow::showPayeesWindow() {}
 
 // A screen made on first use becomes a window of its own over this one, and is raised on each later use.
 void MainWindow::presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize)

@@ -5,6 +5,8 @@
 #include <QString>
 
 class AppState;
+class CategoriesScreen;
+class PayeeScreen;
 class QAction;
 class QLabel;
 class QListWidget;
@@ -16,6 +18,8 @@ class ReconciliationHistoryScreen;
 class RecurringScreen;
 class RegisterScreen;
 class SettingsScreen;
+class ReportsScreen;
+class SearchScreen;
 class StatusBar;
 class WelcomeScreen;
 
@@ -70,6 +74,7 @@ private:
     void showAbout();
     void postDueRecurring();
     void showRecurringDue();
+    // Shows a screen in a window of its own, sized once on first use, and brings it to the front.
     void presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize);
     void loadSampleData();
     void clearSampleData();
@@ -89,4 +94,8 @@ private:
     RecurringScreen *m_recurringScreen = nullptr;
     ReconciliationHistoryScreen *m_reconciliationHistoryScreen = nullptr;
     SettingsScreen *m_settingsScreen = nullptr;
+    ReportsScreen *m_reportsScreen = nullptr;
+    SearchScreen *m_searchScreen = nullptr;
+    CategoriesScreen *m_categoriesScreen = nullptr;
+    PayeeScreen *m_payeeScreen = nullptr;
 };

@@ -50,6 +50,8 @@ private slots:
     void sampleDataEntriesOnlyInDevelopment();
     void sampleDataLoadsAndClearsFromTheMenu();
     void restoreInPreferencesReloadsTheList();
+    void screensOpenOnceInWindowsOfTheirOwn_data();
+    void screensOpenOnceInWindowsOfTheirOwn();
 
 private:
     // A fresh data directory, AppState and window; accounts are added before the window is built.
@@ -406,6 +408,57 @@ void TstMainWindow::restoreInPreferencesReloadsTheList()
     m_window->showSettingsWindow();
     QCOMPARE(m_window->findChildren<SettingsScreen *>().size(), 1);
     QVERIFY(settings->findChild<QWidget *>(QStringLiteral("deletedAccountsSection"))->isHidden());
+}
+
+void TstMainWindow::screensOpenOnceInWindowsOfTheirOwn_data()
+{
+    QTest::addColumn<QKeySequence>("keys"); // empty: the slot, which has no shortcut
+    QTest::addColumn<QByteArray>("slot");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QSize>("size");
+    QTest::newRow("reports") << QKeySequence(QStringLiteral("Ctrl+2")) << QByteArray("showReportsWindow")
+                             << "Reports" << QSize(800, 600);
+    QTest::newRow("categories") << QKeySequence(QStringLiteral("Ctrl+4"))
+                                << QByteArray("showCategoriesWindow") << "Categories" << QSize(600, 500);
+    QTest::newRow("search") << QKeySequence(QKeySequence::Find) << QByteArray("showSearchWindow")
+                            << "Search Transactions" << QSize(800, 550);
+    QTest::newRow("payees") << QKeySequence() << QByteArray("showPayeesWindow") << "Payee Management"
+                            << QSize(550, 500);
+}
+
+void TstMainWindow::screensOpenOnceInWindowsOfTheirOwn()
+{
+    QFETCH(QKeySequence, keys);
+    QFETCH(QByteArray, slot);
+    QFETCH(QString, title);
+    QFETCH(QSize, size);
+    start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))});
+    QVERIFY(QTest::qWaitForWindowActive(m_window.get()));
+    const auto open = [&] {
+        if (keys.isEmpty())
+            QVERIFY(QMetaObject::invokeMethod(m_window.get(), slot.constData()));
+        else
+            QTest::keySequence(m_window.get(), keys);
+    };
+    const auto windows = [&] {
+        QList<QWidget *> found;
+        for (QWidget *w : QApplication::topLevelWidgets()) {
+            if (w->windowTitle() == title && w->isVisible())
+                found.append(w);
+        }
+        return found;
+    };
+    open();
+    QCOMPARE(windows().size(), 1);
+    QWidget *screen = windows().first();
+    QCOMPARE(screen->parentWidget(), m_window.get());
+    QCOMPARE(screen->size(), size);
+    screen->resize(size + QSize(10, 10));
+    screen->showMinimized();
+    open();
+    QCOMPARE(windows(), QList<QWidget *>({screen}));
+    QVERIFY(!screen->isMinimized());
+    QCOMPARE(screen->size(), size + QSize(10, 10));
 }
 
 // Settings and data go to temporary places so the user's own are never touched.
