@@ -11,6 +11,7 @@
 #include "data/SplitLineRepository.h"
 #include "data/TransactionRepository.h"
 #include "services/CategoryService.h"
+#include "services/ImportService.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -44,6 +45,7 @@ bool AppState::initialize()
     m_recurring = new RecurringRepository(m_database, this);
     m_reconciliations = new ReconciliationRepository(m_database, this);
     m_categoryService = new CategoryService(m_categories, this);
+    m_importService = new ImportService(m_transactions, m_categories, m_splitLines, this);
 
     applyAppearance();
 

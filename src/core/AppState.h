@@ -7,6 +7,7 @@ class AccountRepository;
 class CategoryRepository;
 class CategoryService;
 class Database;
+class ImportService;
 class PreferencesRepository;
 class ReconciliationRepository;
 class RecurringRepository;
@@ -34,6 +35,7 @@ public:
     RecurringRepository *recurring() const { return m_recurring; }
     ReconciliationRepository *reconciliations() const { return m_reconciliations; }
     CategoryService *categoryService() const { return m_categoryService; }
+    ImportService *importService() const { return m_importService; }
     ThemeManager *themeManager() const { return m_themeManager; }
 
     QString currentAccountId() const { return m_currentAccountId; }
@@ -56,6 +58,7 @@ private:
     RecurringRepository *m_recurring = nullptr;
     ReconciliationRepository *m_reconciliations = nullptr;
     CategoryService *m_categoryService = nullptr;
+    ImportService *m_importService = nullptr;
     ThemeManager *m_themeManager = nullptr;
     QString m_currentAccountId;
 };
