@@ -10,6 +10,7 @@
 #include "data/TransactionRepository.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/ElidedLabel.h"
+#include "ui/ImportScreen.h"
 #include "ui/Prompt.h"
 #include "ui/StatusBar.h"
 #include "ui/UiStyle.h"
@@ -588,8 +589,29 @@ void MainWindow::showRecurringWindow() {}
 void MainWindow::showSearchWindow() {}
 void MainWindow::showCategoriesWindow() {}
 void MainWindow::showSettingsWindow() {}
-void MainWindow::showImportWindow() {}
 void MainWindow::showPayeesWindow() {}
+
+void MainWindow::showImportWindow()
+{
+    if (!m_importScreen) {
+        m_importScreen = new ImportScreen(m_state);
+        connect(m_importScreen, &ImportScreen::importCompleted, this, [this] {
+            onAccountsChanged();
+            m_registerPage->refresh();
+        });
+    }
+    m_importScreen->refresh();
+    m_importScreen->setWindowTitle(tr("Import Transactions"));
+    if (!m_importScreen->parentWidget()) {
+        m_importScreen->setParent(this, Qt::Window);
+        m_importScreen->resize(650, 600);
+    }
+    m_importScreen->setWindowState(m_importScreen->windowState() & ~Qt::WindowMinimized);
+    if (m_importScreen->isHidden())
+        m_importScreen->show();
+    m_importScreen->raise();
+    m_importScreen->activateWindow();
+}
 
 void MainWindow::showReconciliationWindow()
 {

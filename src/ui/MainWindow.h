@@ -5,6 +5,7 @@
 #include <QString>
 
 class AppState;
+class ImportScreen;
 class QAction;
 class QLabel;
 class QListWidget;
@@ -78,4 +79,5 @@ private:
     QAction *m_accountAction = nullptr;
     StatusBar *m_statusBar = nullptr;
     QList<QShortcut *> m_accountShortcuts;
+    ImportScreen *m_importScreen = nullptr;
 };

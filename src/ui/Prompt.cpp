@@ -1,6 +1,7 @@
 #include "ui/Prompt.h"
 
 #include <QDialog>
+#include <QFileDialog>
 #include <QList>
 
 namespace {
@@ -8,6 +9,7 @@ namespace {
 struct Scripted {
     QList<QMessageBox::StandardButton> answers;
     QList<std::function<int(QDialog *)>> dialogHandlers;
+    QList<QStringList> openFileNames;
     QString lastTitle;
     QString lastText;
 };
@@ -85,6 +87,24 @@ int Prompt::exec(QDialog *dialog)
     return dialog->exec();
 }
 
+QString Prompt::openFileName(QWidget *parent, const QString &title, const QString &filter)
+{
+    Scripted &s = scripted();
+    s.lastTitle = title;
+    if (!s.openFileNames.isEmpty())
+        return s.openFileNames.takeFirst().value(0);
+    return QFileDialog::getOpenFileName(parent, title, QString(), filter);
+}
+
+QStringList Prompt::openFileNames(QWidget *parent, const QString &title, const QString &filter)
+{
+    Scripted &s = scripted();
+    s.lastTitle = title;
+    if (!s.openFileNames.isEmpty())
+        return s.openFileNames.takeFirst();
+    return QFileDialog::getOpenFileNames(parent, title, QString(), filter);
+}
+
 void Prompt::setNextDialogHandler(std::function<int(QDialog *)> handler)
 {
     scripted().dialogHandlers.append(std::move(handler));
@@ -93,6 +113,11 @@ void Prompt::setNextDialogHandler(std::function<int(QDialog *)> handler)
 void Prompt::setNextAnswer(QMessageBox::StandardButton answer)
 {
     scripted().answers.append(answer);
+}
+
+void Prompt::setNextOpenFileNames(const QStringList &paths)
+{
+    scripted().openFileNames.append(paths);
 }
 
 QString Prompt::lastTitle()

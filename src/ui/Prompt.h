@@ -2,6 +2,7 @@
 
 #include <QMessageBox>
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -24,12 +25,18 @@ public:
     static void about(QWidget *parent, const QString &title, const QString &text);
     // Runs a form modally and gives its result code.
     static int exec(QDialog *dialog);
+    // The open dialogs; empty when the user cancelled.
+    static QString openFileName(QWidget *parent, const QString &title, const QString &filter);
+    static QStringList openFileNames(QWidget *parent, const QString &title, const QString &filter);
 
     // Tests only: the next dialog given to exec() is handed to this instead of entering a modal loop;
     // it fills the form as a user would and returns the result code.
     static void setNextDialogHandler(std::function<int(QDialog *)> handler);
     // Tests only: the next box is not shown; it returns this answer and remembers what it would have said.
     static void setNextAnswer(QMessageBox::StandardButton answer);
+    // Tests only: the next open dialog is not shown and gives these paths (none: cancelled); the
+    // single-file dialog gives the first.
+    static void setNextOpenFileNames(const QStringList &paths);
     static QString lastTitle();
     static QString lastText();
 };
