@@ -277,6 +277,7 @@ private:
     QList<QifWorkItem> m_work;
     QList<QifCategory> m_categories;
     std::unordered_map<QString, AccountImportCache> m_caches; // node-based: pointers stay valid
+    std::optional<TransactionRepository::Inserter> m_inserter;
     ImportResult m_result;
     QString m_abortReason;
 };
@@ -294,6 +295,9 @@ ImportResult QifImport::run(const QStringList &paths, const QHash<QString, QStri
     emit m_service->importStarted(total);
     QSqlDatabase db = connection();
     db.transaction();
+    // Fed row by row, the search index would flush at every insert; it takes the new rows at once.
+    const std::optional<SearchIndexPause> pause = m_transactions->pauseSearchIndex();
+    m_inserter = m_transactions->inserter();
 
     for (const QifCategory &category : std::as_const(m_categories)) {
         if (!categories.contains(category.name))
@@ -309,6 +313,7 @@ ImportResult QifImport::run(const QStringList &paths, const QHash<QString, QStri
         if (!importItem(i, categories, held)) {
             qWarning().noquote() << "QIF import aborted:" << m_abortReason;
             m_result.aborted = true;
+            m_inserter.reset();
             db.rollback();
             held.release(false);
             emit m_service->importProgress(total, total);
@@ -316,7 +321,8 @@ ImportResult QifImport::run(const QStringList &paths, const QHash<QString, QStri
         }
     }
 
-    const bool committed = db.commit();
+    m_inserter.reset();
+    const bool committed = (!pause || m_transactions->resumeSearchIndex(*pause)) && db.commit();
     if (!committed)
         db.rollback();
     held.release(committed);
@@ -463,7 +469,7 @@ bool QifImport::importItem(int index, CategoryIds &categories, ChangeSignalsHeld
         t.transferDestAccountId = partnerRow.accountId;
     }
 
-    if (!m_transactions->insert(t)) {
+    if (!m_inserter->insert(t)) {
         qWarning().noquote() << "QIF import: insert failed for" << dateText(item.date) << item.payee
                              << "amount" << item.amount << "account" << item.targetAccountId;
         ++m_result.insertFailures;
@@ -565,8 +571,60 @@ QList<QStringList> ImportService::parseCsv(const QString &text)
     return rows;
 }
 
+namespace {
+
+// Digits of text at [from, from + count) as a number; -1 when one is no ASCII digit.
+int digitsAt(QStringView text, qsizetype from, qsizetype count)
+{
+    int value = 0;
+    for (qsizetype i = from; i < from + count; ++i) {
+        const char16_t c = text.at(i).unicode();
+        if (c < u'0' || c > u'9')
+            return -1;
+        value = value * 10 + (c - u'0');
+    }
+    return value;
+}
+
+// The twelve forms below read the usual all-digit dates in a way their shape alone decides, so those
+// are read by hand to the same answer: Qt's parser costs more than the rest of an imported row.
+// Anything else gives no value and goes to the forms.
+std::optional<QDate> readCommonShape(QStringView text)
+{
+    // yyyy-MM-dd and yyyy/MM/dd: no other form reads a four-digit year in front.
+    if (text.size() == 10 && text.at(4) == text.at(7) &&
+        (text.at(4) == QLatin1Char('-') || text.at(4) == QLatin1Char('/'))) {
+        const int y = digitsAt(text, 0, 4), m = digitsAt(text, 5, 2), d = digitsAt(text, 8, 2);
+        if (y < 0 || m < 0 || d < 0)
+            return std::nullopt;
+        return QDate(y, m, d);
+    }
+    const qsizetype first = text.indexOf(QLatin1Char('/'));
+    const qsizetype second = first < 0 ? -1 : text.indexOf(QLatin1Char('/'), first + 1);
+    if (first < 1 || first > 2 || second - first < 2 || second - first > 3)
+        return std::nullopt;
+    const qsizetype yearDigits = text.size() - second - 1;
+    const int a = digitsAt(text, 0, first);
+    const int b = digitsAt(text, first + 1, second - first - 1);
+    const int year = yearDigits == 4 || yearDigits == 2 ? digitsAt(text, second + 1, yearDigits) : -1;
+    if (a < 0 || b < 0 || year < 0)
+        return std::nullopt;
+    // Two-digit years have month-first forms only, in the 1900s.
+    if (yearDigits == 2)
+        return QDate(1900 + year, a, b);
+    // Month first wins; day first only when that is no date.
+    if (const QDate monthFirst(year, a, b); monthFirst.isValid())
+        return monthFirst;
+    return QDate(year, b, a);
+}
+
+} // namespace
+
 QDate ImportService::parseImportDate(const QString &text)
 {
+    if (const std::optional<QDate> date = readCommonShape(text))
+        return *date;
+
     static const QStringList formats{
         QStringLiteral("yyyy-MM-dd"), QStringLiteral("MM/dd/yyyy"), QStringLiteral("M/d/yyyy"),
         QStringLiteral("M/dd/yyyy"),  QStringLiteral("MM/d/yyyy"),  QStringLiteral("dd/MM/yyyy"),
@@ -606,6 +664,9 @@ ImportResult ImportService::importCsvFile(const QString &path, const QString &ac
     emit importStarted(total);
     QSqlDatabase db = connection();
     db.transaction();
+    // As for QIF: the search index takes the new rows at once, before the commit.
+    const std::optional<SearchIndexPause> pause = m_transactions->pauseSearchIndex();
+    std::optional<TransactionRepository::Inserter> inserter = m_transactions->inserter();
 
     for (int i = first, n = 1; i < rows.size(); ++i, ++n) {
         if (n % kProgressEvery == 0) {
@@ -647,14 +708,15 @@ ImportResult ImportService::importCsvFile(const QString &path, const QString &ac
             t.memo = row.at(options.memoColumn);
         if (hasCell(row, options.categoryColumn) && !row.at(options.categoryColumn).isEmpty())
             t.categoryId = categories.idFor(row.at(options.categoryColumn));
-        if (m_transactions->insert(t)) {
+        if (inserter->insert(t)) {
             ++result.imported;
             keys.insert(key);
             held.touchAccount(accountId);
         }
     }
 
-    const bool committed = db.commit();
+    inserter.reset();
+    const bool committed = (!pause || m_transactions->resumeSearchIndex(*pause)) && db.commit();
     if (!committed)
         db.rollback();
     held.release(committed);

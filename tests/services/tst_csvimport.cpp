@@ -22,6 +22,7 @@ private slots:
     void parseCsv();
     void parseImportDate_data();
     void parseImportDate();
+    void commonDateShapesReadAsTheFormsWould();
     void importsRowsAsTheyStand();
     void emptyAndHeaderOnlyFiles_data();
     void emptyAndHeaderOnlyFiles();
@@ -174,6 +175,50 @@ void TstCsvImport::parseImportDate()
     QFETCH(QString, text);
     QFETCH(QDate, date);
     QCOMPARE(ImportService::parseImportDate(text), date);
+}
+
+void TstCsvImport::commonDateShapesReadAsTheFormsWould()
+{
+    // The usual all-digit dates are read by hand for speed; every one must come out as the twelve
+    // forms, tried in order, would read it.
+    const QStringList forms{"yyyy-MM-dd", "MM/dd/yyyy", "M/d/yyyy",  "M/dd/yyyy", "MM/d/yyyy", "dd/MM/yyyy",
+                            "d/M/yyyy",   "d/MM/yyyy",  "dd/M/yyyy", "MM/dd/yy",  "M/d/yy",    "yyyy/MM/dd"};
+    const auto byForms = [&forms](const QString &text) {
+        for (const QString &form : forms) {
+            if (const QDate date = QDate::fromString(text, form); date.isValid())
+                return date;
+        }
+        return QDate();
+    };
+    QStringList numbers;
+    for (const int n : {0, 1, 2, 9, 10, 12, 13, 28, 29, 30, 31, 32, 99}) {
+        numbers << QString::number(n);
+        if (n < 10)
+            numbers << QStringLiteral("0%1").arg(n);
+    }
+    QStringList texts;
+    for (const QString &a : numbers) {
+        for (const QString &b : numbers) {
+            for (const char *year :
+                 {"0000", "0024", "1900", "2024", "2023", "9999", "00", "24", "69", "70", "99"})
+                texts << QStringLiteral("%1/%2/%3").arg(a, b, QLatin1String(year));
+            if (a.size() == 2 && b.size() == 2) {
+                for (const char *year : {"0000", "2024", "2023"}) {
+                    texts << QStringLiteral("%1-%2-%3").arg(QLatin1String(year), a, b)
+                          << QStringLiteral("%1/%2/%3").arg(QLatin1String(year), a, b);
+                }
+            }
+        }
+    }
+    texts << "2024-3-15"
+          << "2024/3/15"
+          << "1/2/024"
+          << "1/2/20245"
+          << "123/1/2024"
+          << "1//2024"
+          << "a1/2/2024";
+    for (const QString &text : std::as_const(texts))
+        QVERIFY2(ImportService::parseImportDate(text) == byForms(text), qPrintable(text));
 }
 
 void TstCsvImport::importsRowsAsTheyStand()

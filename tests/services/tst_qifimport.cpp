@@ -374,6 +374,10 @@ void TstQifImport::failedPartnerUpdateRollsEverythingBack()
     QVERIFY(!retry.aborted);
     QCOMPARE(retry.imported, 3);
     QCOMPARE(retry.retroactiveLinks, 1);
+    // The search index holds the new rows, and the old one under its new memo.
+    QCOMPARE(m_transactions->search(QStringLiteral("Before"), {}).size(), 1);
+    QCOMPARE(m_transactions->search(QStringLiteral("Landlord"), {}).size(), 2);
+    QCOMPARE(m_transactions->search(QStringLiteral("rent"), {}).size(), 1);
 }
 
 void TstQifImport::refusedRowIsCountedAndTheRestStays()
