@@ -1,6 +1,7 @@
 // Times the storage paths a heavy household leans on, each against the same work done straight on
 // the SQLite C API, and prints one table. Everything happens in temporary directories.
 
+#include "ImportBench.h"
 #include "RegisterBench.h"
 #include "SqliteBaseline.h"
 
@@ -32,6 +33,7 @@ constexpr double kRegisterMaxMs = 120.0;
 constexpr double kSearchMaxMs = 20.0;
 constexpr double kScreenMaxMs = 150.0;
 constexpr int kScreenRuns = 5;
+constexpr int kImportRuns = 3;
 
 struct Timing {
     double ms = 0;
@@ -160,6 +162,10 @@ int main(int argc, char *argv[])
     // The migrations announce themselves at info level, once per fresh file.
     QLoggingCategory::setFilterRules(QStringLiteral("*.info=false\n*.debug=false"));
 
+    // "ombrel_bench import" times the imports alone.
+    if (app.arguments().contains(QStringLiteral("import")))
+        return runImportBench(kImportRuns) ? 0 : 1;
+
     const HouseholdGenerator::Options options;
     std::unique_ptr<TempDatabase> household;
     HouseholdGenerator::Summary summary;
@@ -250,5 +256,10 @@ int main(int argc, char *argv[])
               screen.commitRepositoryMs);
     std::printf("%-44s %10.1f MiB\n", "resident memory with the account open",
                 double(screen.residentKiB) / 1024.0);
+
+    if (!runImportBench(kImportRuns)) {
+        std::fprintf(stderr, "ombrel_bench: the import benchmark failed\n");
+        return 1;
+    }
     return same ? 0 : 1;
 }
