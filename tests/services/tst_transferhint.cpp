@@ -8,8 +8,6 @@ private slots:
     void makeAndJoin();
     void parse_data();
     void parse();
-    void selfTransfer_data();
-    void selfTransfer();
 };
 
 void TstTransferHint::makeAndJoin()
@@ -69,36 +67,6 @@ void TstTransferHint::parse()
         QCOMPARE(parseTransferHint(memoWithTransferHint(hint, QStringLiteral("m")))->rest,
                  QStringLiteral("m"));
     }
-}
-
-void TstTransferHint::selfTransfer_data()
-{
-    QTest::addColumn<QString>("source");
-    QTest::addColumn<QString>("transfer");
-    QTest::addColumn<bool>("self");
-    QTest::newRow("same") << "Checking"
-                          << "Checking" << true;
-    QTest::newRow("case differs") << "Checking"
-                                  << "CHECKING" << true;
-    QTest::newRow("other account") << "Checking"
-                                   << "Savings" << false;
-    QTest::newRow("no header") << ""
-                               << "Checking" << false;
-    QTest::newRow("no transfer") << "Checking"
-                                 << "" << false;
-    QTest::newRow("neither") << ""
-                             << "" << false;
-}
-
-void TstTransferHint::selfTransfer()
-{
-    QFETCH(QString, source);
-    QFETCH(QString, transfer);
-    QFETCH(bool, self);
-    QifTransaction t;
-    t.sourceAccount = source;
-    t.transferAccount = transfer;
-    QCOMPARE(isSelfTransfer(t), self);
 }
 
 QTEST_GUILESS_MAIN(TstTransferHint)
