@@ -1,13 +1,18 @@
 # make run   installs what is missing, builds and starts the program
 # make test  installs what is missing, builds and runs every test
 # make bench installs what is missing, builds and times the storage against the SQLite C API
+# make fuzz  installs clang and libFuzzer, builds the parsers' fuzz targets in build-fuzz/ and runs
+#            each in turn for FUZZ_SECONDS (default 600)
 BUILD_DIR ?= build
 ASAN_DIR  ?= build-asan
+FUZZ_DIR  ?= build-fuzz
+FUZZ_SECONDS ?= 600
+FUZZ_TARGETS := fuzz_importbytes fuzz_qifparser fuzz_parsecsv
 GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo Ninja || echo "Unix Makefiles")
 LAUNCHER  := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 CONFIGURE  = cmake -S . -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo $(LAUNCHER)
 
-.PHONY: deps build run test sanitize bench clean
+.PHONY: deps build run test sanitize bench fuzz fuzz-build clean
 
 deps:
 	@scripts/install-deps
@@ -35,5 +40,29 @@ sanitize: deps
 	cmake --build $(ASAN_DIR)
 	cd $(ASAN_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure
 
+fuzz-build:
+	@scripts/install-deps --fuzz
+	$(MAKE) --no-print-directory configure-and-build-fuzz
+
+.PHONY: configure-and-build-fuzz
+configure-and-build-fuzz:
+	CC=clang-14 CXX=clang++-14 $(CONFIGURE) -B $(FUZZ_DIR) -DOMBREL_FUZZ=ON
+	cmake --build $(FUZZ_DIR) --target $(FUZZ_TARGETS)
+
+# One target at a time, each with the machine to itself. New inputs collect in $(FUZZ_DIR)/corpus;
+# the seeds are the shared test files and the inputs kept from earlier findings.
+TESTDATA := ../shared/testdata
+SEEDS_importbytes := $(TESTDATA)/qif $(TESTDATA)/csv tests/fuzz/regressions/importbytes
+SEEDS_qifparser   := $(TESTDATA)/qif tests/fuzz/regressions/qifparser
+SEEDS_parsecsv    := $(TESTDATA)/csv tests/fuzz/regressions/parsecsv
+
+fuzz: fuzz-build
+	$(MAKE) --no-print-directory -j1 $(patsubst fuzz_%,run-fuzz-%,$(FUZZ_TARGETS))
+
+run-fuzz-%:
+	mkdir -p $(FUZZ_DIR)/corpus/$*
+	$(FUZZ_DIR)/tests/fuzz/fuzz_$* -max_total_time=$(FUZZ_SECONDS) -print_final_stats=1 \
+		-artifact_prefix=$(FUZZ_DIR)/$*- $(FUZZ_DIR)/corpus/$* $(SEEDS_$*)
+
 clean:
-	rm -rf $(BUILD_DIR) $(ASAN_DIR)
+	rm -rf $(BUILD_DIR) $(ASAN_DIR) $(FUZZ_DIR)

@@ -2,6 +2,7 @@
 // the SQLite C API, and prints one table. Everything happens in temporary directories.
 
 #include "BackupBench.h"
+#include "ImportBench.h"
 #include "ReconciliationBench.h"
 #include "RecurringBench.h"
 #include "RegisterBench.h"
@@ -37,6 +38,7 @@ constexpr double kSearchMaxMs = 20.0;
 constexpr double kScreenMaxMs = 150.0;
 constexpr int kScreenRuns = 5;
 constexpr int kBackupRuns = 3;
+constexpr int kImportRuns = 3;
 
 struct Timing {
     double ms = 0;
@@ -167,6 +169,10 @@ int main(int argc, char *argv[])
     if (isRegisterChild(app.arguments()))
         return runRegisterChild(app.arguments());
 
+    // "ombrel_bench import" times the imports alone.
+    if (app.arguments().contains(QStringLiteral("import")))
+        return runImportBench(kImportRuns) ? 0 : 1;
+
     const HouseholdGenerator::Options options;
     std::unique_ptr<TempDatabase> household;
     HouseholdGenerator::Summary summary;
@@ -268,5 +274,9 @@ int main(int argc, char *argv[])
         return 1;
     }
     same = runReportBench(household->directory(), household->path(), word, kReadRuns) && same;
+    if (!runImportBench(kImportRuns)) {
+        std::fprintf(stderr, "ombrel_bench: the import benchmark failed\n");
+        return 1;
+    }
     return same ? 0 : 1;
 }

@@ -14,8 +14,10 @@
 #include "ui/AccountFormDialog.h"
 #include "ui/CategoriesScreen.h"
 #include "ui/CategoryFormDialog.h"
+#include "ui/ImportScreen.h"
 #include "ui/MainWindow.h"
 #include "ui/PayeeScreen.h"
+#include "ui/Prompt.h"
 #include "ui/ReconciliationHistoryScreen.h"
 #include "ui/ReconciliationScreen.h"
 #include "ui/RecurringFormDialog.h"
@@ -33,10 +35,13 @@
 #include <QComboBox>
 #include <QDir>
 #include <QDoubleSpinBox>
+#include <QFile>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QStackedWidget>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -342,6 +347,64 @@ QWidget *settingsPage(int page)
     return screen;
 }
 
+QString g_importDir;
+
+QString writeImportFile(const QString &name, const char *text)
+{
+    const QString path = g_importDir + QLatin1Char('/') + name;
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        file.write(text);
+    return path;
+}
+
+// The import screen after a CSV file was chosen: the mapping filled in and the preview.
+QWidget *importCsvPage()
+{
+    const QString path =
+        writeImportFile(QStringLiteral("checking-2026-03.csv"),
+                        "Date,Description,Amount,Memo,Category\n"
+                        "03/01/2026,Corner Grocer,-84.23,weekly shop,Groceries\n"
+                        "03/02/2026,City Water Utility,-45.99,,Utilities\n"
+                        "03/03/2026,Payroll,3250.00,March salary,Salary / Wages\n"
+                        "03/04/2026,\"Coffee Roasters, Main St\",-4.75,,Dining & Restaurants\n"
+                        "03/05/2026,Landlord,-1800.00,April rent,Housing\n"
+                        "03/06/2026,Hardware Store,-23.99,hinges and paint,Household\n");
+    auto *screen = new ImportScreen(g_state);
+    Prompt::setNextOpenFileNames({path});
+    screen->findChild<QPushButton *>(QStringLiteral("browseButton"))->click();
+    screen->findChild<QComboBox *>(QStringLiteral("memoColumnCombo"))->setCurrentIndex(4);
+    return screen;
+}
+
+// The import screen after two QIF files were analysed: one row for each account found.
+QWidget *importQifPage()
+{
+    const QString checking = writeImportFile(
+        QStringLiteral("household.qif"),
+        "!Account\nNEveryday Checking\n^\n!Type:Bank\nD3/1/2026\nT-100\nL[Emergency Savings]\n^\n"
+        "!Account\nNemergency savings\n^\n!Type:Bank\nD3/1/2026\nT100\n^\n"
+        "!Account\nNTravel Card\n^\n!Type:CCard\nD3/2/2026\nT-40\n^\n");
+    const QString bare = writeImportFile(QStringLiteral("old-bank.qif"), "!Type:Bank\nD3/1/2026\nT5\n^\n");
+    auto *screen = new ImportScreen(g_state);
+    screen->findChild<QRadioButton *>(QStringLiteral("qifRadio"))->click();
+    Prompt::setNextOpenFileNames({checking, bare});
+    screen->findChild<QPushButton *>(QStringLiteral("browseButton"))->click();
+    return screen;
+}
+
+// The result page of an import that wrote nothing: every source skipped.
+QWidget *importResultPage()
+{
+    QWidget *screen = importQifPage();
+    for (QComboBox *combo : screen->findChildren<QComboBox *>()) {
+        if (combo->findData(QStringLiteral("__skip__")) >= 0)
+            combo->setCurrentIndex(combo->findData(QStringLiteral("__skip__")));
+    }
+    screen->findChild<QPushButton *>(QStringLiteral("importButton"))->click();
+    return screen;
+}
+
 const QSize kPageSize(1000, 700);
 const QSize kWindowSize(1280, 800);
 const QSize kBarSize(900, 120);
@@ -358,6 +421,9 @@ const Page kPages[] = {
     {"recurringform", QSize(520, 0), recurringForm                   },
     {"register",      QSize(1200, 700), [] { return registerPage(false); }},
     {"register2",     QSize(1200, 700), [] { return registerPage(true); } },
+    {"importcsv",     QSize(650, 600),  importCsvPage                    },
+    {"importqif",     QSize(650, 600),  importQifPage                    },
+    {"importresult",  QSize(650, 600),  importResultPage                 },
     {"recurring",     QSize(700, 500),  [] { return new RecurringScreen(g_state); }},
     {"reconcile",     QSize(1100, 720), reconciliationPage                },
     {"history",       QSize(750, 500),  [] { return historyPage("acc-0"); }},
@@ -414,6 +480,7 @@ int main(int argc, char *argv[])
         return 1;
     }
     g_state = &state;
+    g_importDir = dataDir.path();
     addAccounts();
     addRegisterRows();
     addRecurringRules();

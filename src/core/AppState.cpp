@@ -12,6 +12,7 @@
 #include "data/TransactionRepository.h"
 #include "services/BackupService.h"
 #include "services/CategoryService.h"
+#include "services/ImportService.h"
 #include "services/RecurringService.h"
 #include "services/ReportService.h"
 
@@ -49,6 +50,7 @@ bool AppState::initialize()
     m_categoryService = new CategoryService(m_categories, this);
     m_recurringService = new RecurringService(m_recurring, m_transactions, m_accounts, this);
     m_reportService = new ReportService(m_database, this);
+    m_importService = new ImportService(m_transactions, m_categories, m_splitLines, this);
     m_backupService = new BackupService(m_database, this);
 
     applyAppearance();

@@ -8,6 +8,7 @@ class BackupService;
 class CategoryRepository;
 class CategoryService;
 class Database;
+class ImportService;
 class PreferencesRepository;
 class ReconciliationRepository;
 class RecurringRepository;
@@ -39,6 +40,7 @@ public:
     CategoryService *categoryService() const { return m_categoryService; }
     RecurringService *recurringService() const { return m_recurringService; }
     ReportService *reportService() const { return m_reportService; }
+    ImportService *importService() const { return m_importService; }
     BackupService *backupService() const { return m_backupService; }
     ThemeManager *themeManager() const { return m_themeManager; }
 
@@ -64,6 +66,7 @@ private:
     CategoryService *m_categoryService = nullptr;
     RecurringService *m_recurringService = nullptr;
     ReportService *m_reportService = nullptr;
+    ImportService *m_importService = nullptr;
     BackupService *m_backupService = nullptr;
     ThemeManager *m_themeManager = nullptr;
     QString m_currentAccountId;

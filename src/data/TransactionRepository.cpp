@@ -74,6 +74,35 @@ std::optional<Transaction> readOne(QSqlQuery &q)
     return readTransaction(q);
 }
 
+const QString kInsert = QStringLiteral(
+    "INSERT INTO transactions (id, account_id, date, payee, memo, amount, category_id, check_number, "
+    "cleared, "
+    "reconciled, transfer_link_id, transfer_dest_account_id, is_split, recurring_id, version, sync_status, "
+    "server_id, created_at, updated_at) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+
+void bindInsert(QSqlQuery &q, const Transaction &transaction)
+{
+    q.addBindValue(transaction.id);
+    q.addBindValue(transaction.accountId);
+    q.addBindValue(date(transaction.date));
+    q.addBindValue(text(transaction.payee));
+    q.addBindValue(text(transaction.memo));
+    q.addBindValue(transaction.amount);
+    q.addBindValue(nullIfEmpty(transaction.categoryId));
+    q.addBindValue(text(transaction.checkNumber));
+    q.addBindValue(transaction.cleared ? 1 : 0);
+    q.addBindValue(transaction.reconciled ? 1 : 0);
+    q.addBindValue(text(transaction.transferLinkId));
+    q.addBindValue(text(transaction.transferDestAccountId));
+    q.addBindValue(transaction.isSplit ? 1 : 0);
+    q.addBindValue(text(transaction.recurringId));
+    q.addBindValue(transaction.version);
+    q.addBindValue(syncStatusToString(transaction.syncStatus));
+    q.addBindValue(text(transaction.serverId));
+    q.addBindValue(timestamp(transaction.createdAt));
+    q.addBindValue(timestamp(transaction.updatedAt));
+}
+
 } // namespace
 
 TransactionRepository::TransactionRepository(Database *db, QObject *parent)
@@ -280,35 +309,29 @@ QList<RegisterRow> TransactionRepository::search(const QString &query,
 bool TransactionRepository::insert(const Transaction &transaction)
 {
     QSqlQuery q(m_db->connection());
-    q.prepare(QStringLiteral("INSERT INTO transactions (id, account_id, date, payee, memo, amount, "
-                             "category_id, check_number, cleared, "
-                             "reconciled, transfer_link_id, transfer_dest_account_id, is_split, "
-                             "recurring_id, version, sync_status, "
-                             "server_id, created_at, updated_at) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, "
-                             "?, ?, ?, ?, ?, ?, ?)"));
-    q.addBindValue(transaction.id);
-    q.addBindValue(transaction.accountId);
-    q.addBindValue(date(transaction.date));
-    q.addBindValue(text(transaction.payee));
-    q.addBindValue(text(transaction.memo));
-    q.addBindValue(transaction.amount);
-    q.addBindValue(nullIfEmpty(transaction.categoryId));
-    q.addBindValue(text(transaction.checkNumber));
-    q.addBindValue(transaction.cleared ? 1 : 0);
-    q.addBindValue(transaction.reconciled ? 1 : 0);
-    q.addBindValue(text(transaction.transferLinkId));
-    q.addBindValue(text(transaction.transferDestAccountId));
-    q.addBindValue(transaction.isSplit ? 1 : 0);
-    q.addBindValue(text(transaction.recurringId));
-    q.addBindValue(transaction.version);
-    q.addBindValue(syncStatusToString(transaction.syncStatus));
-    q.addBindValue(text(transaction.serverId));
-    q.addBindValue(timestamp(transaction.createdAt));
-    q.addBindValue(timestamp(transaction.updatedAt));
+    q.prepare(kInsert);
+    bindInsert(q, transaction);
     if (!execLogged(q, "TransactionRepository::insert"))
         return false;
     emit transactionsChanged(transaction.accountId);
     return true;
+}
+
+TransactionRepository::Inserter TransactionRepository::inserter() const
+{
+    return Inserter(m_db);
+}
+
+TransactionRepository::Inserter::Inserter(Database *db)
+    : m_query(db->connection())
+{
+    m_query.prepare(kInsert);
+}
+
+bool TransactionRepository::Inserter::insert(const Transaction &transaction)
+{
+    bindInsert(m_query, transaction);
+    return execLogged(m_query, "TransactionRepository::insert");
 }
 
 bool TransactionRepository::update(const Transaction &transaction)
@@ -407,4 +430,42 @@ bool TransactionRepository::markSynced(const QString &id, const QString &serverI
     q.addBindValue(serverId);
     q.addBindValue(id);
     return q.exec();
+}
+
+std::optional<SearchIndexPause> TransactionRepository::pauseSearchIndex()
+{
+    SearchIndexPause pause;
+    QSqlQuery trigger(m_db->connection());
+    trigger.prepare(
+        QStringLiteral("SELECT sql FROM sqlite_master WHERE type = 'trigger' AND name = 'transactions_ai'"));
+    if (!trigger.exec() || !trigger.next())
+        return std::nullopt;
+    pause.triggerSql = trigger.value(0).toString();
+    trigger.finish();
+
+    QSqlQuery last(m_db->connection());
+    if (!last.exec(QStringLiteral("SELECT IFNULL(MAX(rowid), 0) FROM transactions")) || !last.next())
+        return std::nullopt;
+    pause.lastRowId = last.value(0).toLongLong();
+    last.finish();
+
+    QSqlQuery drop(m_db->connection());
+    drop.prepare(QStringLiteral("DROP TRIGGER transactions_ai"));
+    if (!execLogged(drop, "TransactionRepository::pauseSearchIndex"))
+        return std::nullopt;
+    return pause;
+}
+
+bool TransactionRepository::resumeSearchIndex(const SearchIndexPause &pause)
+{
+    QSqlQuery index(m_db->connection());
+    index.prepare(
+        QStringLiteral("INSERT INTO transactions_fts(rowid, payee, memo, check_number) "
+                       "SELECT rowid, payee, memo, check_number FROM transactions WHERE rowid > ?"));
+    index.addBindValue(pause.lastRowId);
+    if (!execLogged(index, "TransactionRepository::resumeSearchIndex"))
+        return false;
+    QSqlQuery trigger(m_db->connection());
+    trigger.prepare(pause.triggerSql);
+    return execLogged(trigger, "TransactionRepository::resumeSearchIndex");
 }

@@ -2,10 +2,12 @@
 
 #include "core/RegisterRow.h"
 #include "core/Transaction.h"
+#include "data/SearchIndexPause.h"
 #include "data/TransactionSearchFilter.h"
 
 #include <QList>
 #include <QObject>
+#include <QSqlQuery>
 #include <QStringList>
 
 #include <optional>
@@ -44,6 +46,21 @@ public:
     QList<RegisterRow> search(const QString &query, const TransactionSearchFilter &filter) const;
 
     bool insert(const Transaction &transaction);
+
+    // The insert statement prepared once and run for each of many rows, for imports: insert() without
+    // the signal, which the caller gives once for each account it wrote to. Lives no longer than the
+    // bulk write it serves.
+    class Inserter {
+    public:
+        bool insert(const Transaction &transaction);
+
+    private:
+        friend class TransactionRepository;
+        explicit Inserter(Database *db);
+        QSqlQuery m_query;
+    };
+    Inserter inserter() const;
+
     bool update(const Transaction &transaction);
     bool softDelete(const QString &id);
     int softDeleteByAccount(const QString &accountId);
@@ -51,6 +68,13 @@ public:
     int restoreByAccount(const QString &accountId, const QString &since);
     int markAllPendingForResync();
     bool markSynced(const QString &id, const QString &serverId);
+
+    // For bulk inserts inside one database transaction (imports). Fed by its trigger, the full-text
+    // index flushes at every insert; paused, it takes every row added meanwhile in one statement at
+    // the resume. A rollback before the resume undoes the pause by itself. Nothing to pause (no
+    // such trigger) gives no value, and inserts then index themselves as usual.
+    std::optional<SearchIndexPause> pauseSearchIndex();
+    bool resumeSearchIndex(const SearchIndexPause &pause);
 
 signals:
     void transactionsChanged(const QString &accountId);

@@ -13,6 +13,7 @@
 #include "ui/AccountFormDialog.h"
 #include "ui/CategoriesScreen.h"
 #include "ui/ElidedLabel.h"
+#include "ui/ImportScreen.h"
 #include "ui/PayeeScreen.h"
 #include "ui/Prompt.h"
 #include "ui/ReconciliationHistoryScreen.h"
@@ -651,8 +652,18 @@ void MainWindow::showPayeesWindow()
     presentScreen(m_payeeScreen, tr("Payee Management"), QSize(550, 500));
 }
 
-// The screens behind these entries come with their own work; the entries stand in the menus already.
-void MainWindow::showImportWindow() {}
+void MainWindow::showImportWindow()
+{
+    if (!m_importScreen) {
+        m_importScreen = new ImportScreen(m_state);
+        connect(m_importScreen, &ImportScreen::importCompleted, this, [this] {
+            onAccountsChanged();
+            m_registerPage->refresh();
+        });
+    }
+    m_importScreen->refresh();
+    presentScreen(m_importScreen, tr("Import Transactions"), QSize(650, 600));
+}
 
 // A screen made on first use becomes a window of its own over this one, and is raised on each later use.
 void MainWindow::presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize)

@@ -6,6 +6,7 @@
 
 class AppState;
 class CategoriesScreen;
+class ImportScreen;
 class PayeeScreen;
 class QAction;
 class QLabel;
@@ -17,9 +18,9 @@ class QStackedWidget;
 class ReconciliationHistoryScreen;
 class RecurringScreen;
 class RegisterScreen;
-class SettingsScreen;
 class ReportsScreen;
 class SearchScreen;
+class SettingsScreen;
 class StatusBar;
 class WelcomeScreen;
 
@@ -98,4 +99,5 @@ private:
     SearchScreen *m_searchScreen = nullptr;
     CategoriesScreen *m_categoriesScreen = nullptr;
     PayeeScreen *m_payeeScreen = nullptr;
+    ImportScreen *m_importScreen = nullptr;
 };

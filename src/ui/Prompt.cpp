@@ -110,6 +110,15 @@ QString Prompt::openFileName(QWidget *parent, const QString &title, const QStrin
     return QFileDialog::getOpenFileName(parent, title, QString(), filter);
 }
 
+QStringList Prompt::openFileNames(QWidget *parent, const QString &title, const QString &filter)
+{
+    Scripted &s = scripted();
+    s.lastTitle = title;
+    if (!s.openFileNames.isEmpty())
+        return s.openFileNames.takeFirst();
+    return QFileDialog::getOpenFileNames(parent, title, QString(), filter);
+}
+
 std::optional<QString> Prompt::getItem(QWidget *parent, const QString &title, const QString &label,
                                        const QStringList &items)
 {

@@ -31,6 +31,8 @@ public:
                                 const QString &filter);
     // The open dialog; empty when the user cancelled.
     static QString openFileName(QWidget *parent, const QString &title, const QString &filter);
+    // The open dialog for several files at once; empty when the user cancelled.
+    static QStringList openFileNames(QWidget *parent, const QString &title, const QString &filter);
     // A choice from a fixed list, the first item proposed; nothing when the user cancelled.
     static std::optional<QString> getItem(QWidget *parent, const QString &title, const QString &label,
                                           const QStringList &items);
@@ -42,7 +44,8 @@ public:
     static void setNextAnswer(QMessageBox::StandardButton answer);
     // Tests only: the next save dialog is not shown and gives this path; an empty one is a cancel.
     static void setNextFileName(const QString &path);
-    // Tests only: the next open dialog is not shown and gives the first of these paths (none: cancelled).
+    // Tests only: the next open dialog is not shown and gives these paths (none: cancelled); the
+    // single-file dialog gives the first.
     static void setNextOpenFileNames(const QStringList &paths);
     // Tests only: the next list choice is not shown and gives this item; an empty one is a cancel.
     static void setNextItem(const QString &item);

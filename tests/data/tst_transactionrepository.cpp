@@ -33,6 +33,7 @@ private slots:
     void bulkCallsWithNothingToDoDoNotEmit();
     void updateOfMissingRowSucceeds();
     void reconciledTotalCountsOnlyLiveReconciledRowsOfTheAccount();
+    void pausedSearchIndexCatchesUpAtResume();
 
 private:
     void addAccount(const QString &id, qint64 startingBalance = 0);
@@ -330,6 +331,38 @@ void TstTransactionRepository::updateOfMissingRowSucceeds()
     QVERIFY(m_repo->update(
         transaction(QStringLiteral("nobody"), kAccount, QDate(2026, 1, 1), QStringLiteral("P"), 1)));
     QVERIFY(!m_repo->getById(QStringLiteral("nobody")));
+}
+
+void TstTransactionRepository::pausedSearchIndexCatchesUpAtResume()
+{
+    addAccount(QStringLiteral("a"));
+    const auto add = [this](const QString &id, const QString &payee) {
+        return m_repo->insert(Fixtures::transaction(id, QStringLiteral("a"), QDate(2026, 1, 1), payee, -100));
+    };
+    QVERIFY(add(QStringLiteral("before"), QStringLiteral("Bakery")));
+    QSqlDatabase &db = m_db->database()->connection();
+
+    // A rollback takes the pause back with everything else.
+    QVERIFY(db.transaction());
+    QVERIFY(m_repo->pauseSearchIndex());
+    QVERIFY(add(QStringLiteral("lost"), QStringLiteral("Bakery Lost")));
+    QVERIFY(db.rollback());
+    QVERIFY(add(QStringLiteral("plain"), QStringLiteral("Florist")));
+    QCOMPARE(m_repo->search(QStringLiteral("Florist"), {}).size(), 1);
+
+    QVERIFY(db.transaction());
+    const std::optional<SearchIndexPause> pause = m_repo->pauseSearchIndex();
+    QVERIFY(pause);
+    QVERIFY(add(QStringLiteral("during"), QStringLiteral("Bakery Two")));
+    QVERIFY(m_repo->search(QStringLiteral("Two"), {}).isEmpty());
+    QVERIFY(m_repo->resumeSearchIndex(*pause));
+    QVERIFY(db.commit());
+    QCOMPARE(m_repo->search(QStringLiteral("Bakery"), {}).size(), 2);
+    QVERIFY(add(QStringLiteral("after"), QStringLiteral("Bakery Three")));
+    QCOMPARE(m_repo->search(QStringLiteral("Bakery"), {}).size(), 3);
+    QCOMPARE(m_db->scalar(QStringLiteral("SELECT COUNT(*) FROM sqlite_master WHERE name = 'transactions_ai'"))
+                 .toInt(),
+             1);
 }
 
 QTEST_GUILESS_MAIN(TstTransactionRepository)

@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QString>
+
+struct QifCategory {
+    QString name;
+    QString description;
+    bool isIncome = false;
+};
