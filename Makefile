@@ -1,13 +1,13 @@
 # make run   installs what is missing, builds and starts the program
 # make test  installs what is missing, builds and runs every test
 # make bench installs what is missing, builds and times the storage against the SQLite C API
-# make fuzz  installs clang and libFuzzer, builds the parsers' fuzz targets in build-fuzz/ and runs
-#            each in turn for FUZZ_SECONDS (default 600)
+# make fuzz  installs clang and libFuzzer, builds the fuzz targets of the import parsers and the backup
+#            archive reader in build-fuzz/ and runs each in turn for FUZZ_SECONDS (default 600)
 BUILD_DIR ?= build
 ASAN_DIR  ?= build-asan
 FUZZ_DIR  ?= build-fuzz
 FUZZ_SECONDS ?= 600
-FUZZ_TARGETS := fuzz_importbytes fuzz_qifparser fuzz_parsecsv
+FUZZ_TARGETS := fuzz_importbytes fuzz_qifparser fuzz_parsecsv fuzz_zipreader
 GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo Ninja || echo "Unix Makefiles")
 LAUNCHER  := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 CONFIGURE  = cmake -S . -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo $(LAUNCHER)
@@ -55,6 +55,7 @@ TESTDATA := ../shared/testdata
 SEEDS_importbytes := $(TESTDATA)/qif $(TESTDATA)/csv tests/fuzz/regressions/importbytes
 SEEDS_qifparser   := $(TESTDATA)/qif tests/fuzz/regressions/qifparser
 SEEDS_parsecsv    := $(TESTDATA)/csv tests/fuzz/regressions/parsecsv
+SEEDS_zipreader   := tests/fuzz/regressions/zipreader
 
 fuzz: fuzz-build
 	$(MAKE) --no-print-directory -j1 $(patsubst fuzz_%,run-fuzz-%,$(FUZZ_TARGETS))

@@ -3,6 +3,7 @@
 #include "services/ImportBytes.h"
 #include "services/ImportService.h"
 #include "services/QifParser.h"
+#include "services/ZipArchiveReader.h"
 
 #include <QSet>
 #include <QStringDecoder>
@@ -74,6 +75,37 @@ QString parseCsv(const QByteArray &bytes)
                 return QStringLiteral("field not trimmed");
         }
     }
+    return {};
+}
+
+QString zipReader(const QByteArray &bytes)
+{
+    // Small limits, so that the refusals are reached by inputs a fuzzer can make.
+    ZipArchiveReader::Limits limits;
+    limits.maxEntries = 64;
+    limits.maxEntrySize = 64 * 1024;
+    limits.maxTotalSize = 256 * 1024;
+    ZipArchiveReader reader(bytes, limits);
+    if (!reader.open()) {
+        if (reader.errorString().isEmpty())
+            return QStringLiteral("refused without a reason");
+        return {};
+    }
+    if (reader.count() > limits.maxEntries)
+        return QStringLiteral("more entries than the limit");
+    qint64 total = 0;
+    for (int i = 0; i < reader.count(); ++i) {
+        // An entry is found by its name, at its own place or an earlier one of the same name.
+        const int found = reader.indexOf(reader.name(i));
+        if (found < 0 || found > i)
+            return QStringLiteral("entry not found by its own name");
+        const QByteArray data = reader.read(i);
+        if (data.size() > limits.maxEntrySize)
+            return QStringLiteral("entry larger than the limit");
+        total += data.size();
+    }
+    if (total > limits.maxTotalSize)
+        return QStringLiteral("archive larger than the limit");
     return {};
 }
 

@@ -1,5 +1,5 @@
-// Every input kept from fuzzing the import parsers, and a few written by hand at their edges, run
-// through the same checks the fuzz targets make.
+// Every input kept from fuzzing the import parsers and the archive reader, and a few written by hand at their
+// edges, run through the same checks the fuzz targets make.
 
 #include "FuzzChecks.h"
 
@@ -28,6 +28,8 @@ Check checkFor(const QString &target)
         return FuzzChecks::qifParser;
     if (target == QLatin1String("parsecsv"))
         return FuzzChecks::parseCsv;
+    if (target == QLatin1String("zipreader"))
+        return FuzzChecks::zipReader;
     return nullptr;
 }
 

@@ -1,0 +1,16 @@
+#include "FuzzChecks.h"
+
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
+{
+    const QString failure =
+        FuzzChecks::zipReader(QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size)));
+    if (!failure.isEmpty()) {
+        std::fprintf(stderr, "%s\n", qPrintable(failure));
+        std::abort();
+    }
+    return 0;
+}
