@@ -60,3 +60,12 @@ bool SplitLineRepository::deleteForTransaction(const QString &transactionId)
     q.addBindValue(transactionId);
     return q.exec();
 }
+
+void SplitLineRepository::replaceForTransaction(const QString &transactionId, QList<SplitLine> lines)
+{
+    deleteForTransaction(transactionId);
+    for (SplitLine &line : lines) {
+        line.transactionId = transactionId;
+        insert(line);
+    }
+}

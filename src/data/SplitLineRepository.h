@@ -17,6 +17,9 @@ public:
     QList<SplitLine> getForTransaction(const QString &transactionId) const;
     bool insert(const SplitLine &line);
     bool deleteForTransaction(const QString &transactionId);
+    // What saving a transaction's form does: its old lines go, and these come in under its id. There is
+    // no update of a single line.
+    void replaceForTransaction(const QString &transactionId, QList<SplitLine> lines);
 
 private:
     Database *m_db = nullptr;

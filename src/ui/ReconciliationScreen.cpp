@@ -43,16 +43,6 @@ QLabel *figureLabel(const QString &text, QWidget *parent)
     return label;
 }
 
-// Replaces a transaction's split lines with the form's: there is no update of a single line.
-void replaceSplitLines(AppState *state, const QString &transactionId, QList<SplitLine> lines)
-{
-    state->splitLines()->deleteForTransaction(transactionId);
-    for (SplitLine &line : lines) {
-        line.transactionId = transactionId;
-        state->splitLines()->insert(line);
-    }
-}
-
 QTableWidgetItem *readOnlyItem(const QString &text)
 {
     auto *item = new QTableWidgetItem(text);
@@ -407,7 +397,7 @@ void ReconciliationScreen::addTransaction()
     const Transaction t = dialog.transaction();
     m_state->transactions()->insert(t);
     if (!dialog.splitLines().isEmpty())
-        replaceSplitLines(m_state, t.id, dialog.splitLines());
+        m_state->splitLines()->replaceForTransaction(t.id, dialog.splitLines());
     refreshList();
 }
 
@@ -421,7 +411,7 @@ void ReconciliationScreen::editSelectedTransaction()
         return;
     const Transaction t = dialog.transaction();
     m_state->transactions()->update(t);
-    replaceSplitLines(m_state, t.id, dialog.splitLines());
+    m_state->splitLines()->replaceForTransaction(t.id, dialog.splitLines());
     refreshList();
 }
 

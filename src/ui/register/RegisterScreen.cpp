@@ -756,16 +756,6 @@ void RegisterScreen::showHeaderContextMenu(const QPoint &pos)
     menu.exec(m_view->horizontalHeader()->mapToGlobal(pos));
 }
 
-// Replaces a transaction's split lines with the form's: there is no update of a single line.
-static void replaceSplitLines(AppState *state, const QString &transactionId, QList<SplitLine> lines)
-{
-    state->splitLines()->deleteForTransaction(transactionId);
-    for (SplitLine &line : lines) {
-        line.transactionId = transactionId;
-        state->splitLines()->insert(line);
-    }
-}
-
 void RegisterScreen::openEditDialog(int row)
 {
     const RegisterRow *record = m_model->recordAt(row);
@@ -776,7 +766,7 @@ void RegisterScreen::openEditDialog(int row)
         return;
     const Transaction t = dialog.transaction();
     m_state->transactions()->update(t);
-    replaceSplitLines(m_state, t.id, dialog.splitLines());
+    m_state->splitLines()->replaceForTransaction(t.id, dialog.splitLines());
     refresh();
 }
 
@@ -790,7 +780,7 @@ void RegisterScreen::newTransactionDialog()
     const Transaction t = dialog.transaction();
     m_state->transactions()->insert(t);
     if (!dialog.splitLines().isEmpty())
-        replaceSplitLines(m_state, t.id, dialog.splitLines());
+        m_state->splitLines()->replaceForTransaction(t.id, dialog.splitLines());
     refresh();
     goToNewRow();
 }
