@@ -1,6 +1,6 @@
 # make run   installs what is missing, builds and starts the program
 # make test  installs what is missing, builds and runs every test
-# make bench installs what is missing, builds and times the storage against the SQLite C API
+# make bench installs what is missing, builds and times storage, screens, reports, imports and backups
 # make fuzz  installs clang and libFuzzer, builds the fuzz targets of the import parsers and the backup
 #            archive reader in build-fuzz/ and runs each in turn for FUZZ_SECONDS (default 600)
 BUILD_DIR ?= build
