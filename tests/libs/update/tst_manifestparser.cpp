@@ -1,6 +1,9 @@
 #include "support/UpdateManifests.h"
 #include "update/ManifestParser.h"
 
+#include <QCoreApplication>
+#include <QCryptographicHash>
+#include <QFile>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -104,39 +107,44 @@ void TstManifestParser::rejects()
     QCOMPARE(actual, reason);
 }
 
+// A manifest made for a real file: its size and SHA-256, and every optional field.
 void TstManifestParser::readsArtifact()
 {
-    const QByteArray json = manifest([](QJsonObject &root) {
-        QJsonObject linuxArtifact = UpdateManifests::artifact(QStringLiteral("1.2.0"));
-        linuxArtifact.insert(QStringLiteral("size"), 5000000000.9);
-        linuxArtifact.insert(QStringLiteral("mandatory"), true);
-        linuxArtifact.insert(QStringLiteral("min_upgradable_from"), QStringLiteral("1.0.0"));
-        linuxArtifact.insert(QStringLiteral("release_notes_url"),
-                             QStringLiteral("https://example.test/notes.md"));
-        linuxArtifact.insert(QStringLiteral("released_at"), QStringLiteral("2026-03-01T12:00:00.250+02:00"));
-        QJsonObject artifacts = root.value(QStringLiteral("artifacts")).toObject();
-        artifacts.insert(QStringLiteral("linux-x64"), linuxArtifact);
-        artifacts.insert(QStringLiteral("windows-x64"), UpdateManifests::artifact(QStringLiteral("1.2.0")));
-        root.insert(QStringLiteral("artifacts"), artifacts);
-    });
+    QFile file(QCoreApplication::applicationFilePath());
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    const QString sha256 =
+        QString::fromLatin1(QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex());
+    const QByteArray json = windowsArtifactWith(QStringLiteral("size"), double(file.size()));
+    QJsonObject root = QJsonDocument::fromJson(json).object();
+    QJsonObject artifacts = root.value(QStringLiteral("artifacts")).toObject();
+    QJsonObject windows = artifacts.value(QStringLiteral("windows-x64")).toObject();
+    windows.insert(QStringLiteral("sha256"), sha256);
+    windows.insert(QStringLiteral("mandatory"), true);
+    windows.insert(QStringLiteral("min_upgradable_from"), QStringLiteral("1.0.0"));
+    windows.insert(QStringLiteral("release_notes_url"), QStringLiteral("https://example.test/notes.md"));
+    windows.insert(QStringLiteral("released_at"), QStringLiteral("2026-03-01T12:00:00.250+02:00"));
+    artifacts.insert(QStringLiteral("windows-x64"), windows);
+    // Some tools write sizes as doubles; the fraction goes, also above 32 bits.
+    QJsonObject big = UpdateManifests::artifact(QStringLiteral("1.1.0"));
+    big.insert(QStringLiteral("size"), 5000000000.9);
+    artifacts.insert(QStringLiteral("linux-x64"), big);
+    root.insert(QStringLiteral("artifacts"), artifacts);
+
     QString reason;
-    const auto parsed = ManifestParser::parse(json, &reason);
+    const auto parsed = ManifestParser::parse(QJsonDocument(root).toJson(), &reason);
     QVERIFY2(parsed, qPrintable(reason));
-    QCOMPARE(parsed->app, QStringLiteral("ombrel"));
-    QCOMPARE(parsed->artifacts.size(), 2);
+    const HalcUpdate::Artifact real = parsed->artifacts.value(QStringLiteral("windows-x64"));
+    QCOMPARE(real.size, file.size());
+    QCOMPARE(real.sha256, sha256);
+    QVERIFY(real.mandatory);
+    QCOMPARE(real.minUpgradableFrom, QStringLiteral("1.0.0"));
+    QCOMPARE(real.releaseNotesUrl, QUrl(QStringLiteral("https://example.test/notes.md")));
+    QCOMPARE(real.releasedAt.toUTC(), QDateTime(QDate(2026, 3, 1), QTime(10, 0, 0, 250), Qt::UTC));
 
-    const HalcUpdate::Artifact linuxArtifact = parsed->artifacts.value(QStringLiteral("linux-x64"));
-    QCOMPARE(linuxArtifact.size, Q_INT64_C(5000000000));
-    QVERIFY(linuxArtifact.mandatory);
-    QCOMPARE(linuxArtifact.minUpgradableFrom, QStringLiteral("1.0.0"));
-    QCOMPARE(linuxArtifact.releaseNotesUrl, QUrl(QStringLiteral("https://example.test/notes.md")));
-    QCOMPARE(linuxArtifact.releasedAt.toUTC(), QDateTime(QDate(2026, 3, 1), QTime(10, 0, 0, 250), Qt::UTC));
-
-    const HalcUpdate::Artifact windows = parsed->artifacts.value(QStringLiteral("windows-x64"));
-    QVERIFY(!windows.mandatory);
-    QVERIFY(windows.minUpgradableFrom.isEmpty());
-    QVERIFY(!windows.releaseNotesUrl.isValid());
-    QCOMPARE(windows.size, Q_INT64_C(1048576));
+    const HalcUpdate::Artifact plain = parsed->artifacts.value(QStringLiteral("linux-x64"));
+    QCOMPARE(plain.size, Q_INT64_C(5000000000));
+    QVERIFY(!plain.mandatory);
+    QVERIFY(!plain.releaseNotesUrl.isValid());
 }
 
 QTEST_GUILESS_MAIN(TstManifestParser)
