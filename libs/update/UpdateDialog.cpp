@@ -1,5 +1,6 @@
 #include "update/UpdateDialog.h"
 
+#include "update/NotesBrowser.h"
 #include "update/ReleaseNotesFetcher.h"
 
 #include <QDebug>
@@ -7,7 +8,6 @@
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 
 namespace HalcUpdate {
@@ -31,6 +31,7 @@ UpdateDialog::UpdateDialog(const Artifact &artifact, const QString &applicationN
 void UpdateDialog::setupUi(const QString &applicationName, const QString &currentVersion)
 {
     setWindowTitle(tr("Update available"));
+    setMinimumWidth(440);
     auto *layout = new QVBoxLayout(this);
     layout->setSpacing(10);
 
@@ -49,12 +50,12 @@ void UpdateDialog::setupUi(const QString &applicationName, const QString &curren
     layout->addWidget(versions);
 
     if (m_artifact.releaseNotesUrl.isValid()) {
-        m_notes = new QTextBrowser(this);
-        m_notes->setOpenExternalLinks(true);
+        m_notes = new NotesBrowser(this);
         m_notes->setMinimumHeight(150);
         m_notes->setPlaceholderText(tr("Loading release notes…"));
         layout->addWidget(m_notes, 1);
     } else {
+        layout->addSpacing(12);
         layout->addStretch(1);
     }
 
@@ -85,13 +86,13 @@ void UpdateDialog::onDownloadClicked()
 void UpdateDialog::onNotesReady(const QString &markdown)
 {
     if (m_notes)
-        m_notes->setMarkdown(markdown);
+        m_notes->setNotes(markdown);
 }
 
 void UpdateDialog::onNotesUnavailable()
 {
     if (m_notes)
-        m_notes->setMarkdown(tr("*Release notes are not available for this version.*"));
+        m_notes->setNotes(tr("*Release notes are not available for this version.*"));
 }
 
 } // namespace HalcUpdate

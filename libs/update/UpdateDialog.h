@@ -6,9 +6,9 @@
 #include <QString>
 #include <QUrl>
 
-class QTextBrowser;
-
 namespace HalcUpdate {
+
+class NotesBrowser;
 
 // Offers a newer version: which one, its notes when the manifest names them, and a button that opens the
 // download in the browser. A mandatory release cannot be put off.
@@ -19,7 +19,7 @@ public:
                  QWidget *parent = nullptr);
 
     // The notes area; null when the artifact names no notes.
-    QTextBrowser *notesBrowser() const { return m_notes; }
+    NotesBrowser *notesBrowser() const { return m_notes; }
 
 public slots:
     void onDownloadClicked();
@@ -31,7 +31,7 @@ private:
 
     Artifact m_artifact;
     QUrl m_downloadUrl;
-    QTextBrowser *m_notes = nullptr;
+    NotesBrowser *m_notes = nullptr;
 };
 
 } // namespace HalcUpdate

@@ -1,5 +1,6 @@
 #include "update/WhatsNew.h"
 
+#include "update/NotesBrowser.h"
 #include "update/ReleaseNotesFetcher.h"
 #include "update/Version.h"
 #include "update/WhatsNewDialog.h"
@@ -7,7 +8,6 @@
 #include <QCoreApplication>
 #include <QPointer>
 #include <QSettings>
-#include <QTextBrowser>
 
 namespace HalcUpdate {
 

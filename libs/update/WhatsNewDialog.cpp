@@ -1,10 +1,11 @@
 #include "update/WhatsNewDialog.h"
 
+#include "update/NotesBrowser.h"
+
 #include <QDesktopServices>
 #include <QDialogButtonBox>
 #include <QLabel>
 #include <QPushButton>
-#include <QTextBrowser>
 #include <QVBoxLayout>
 
 namespace HalcUpdate {
@@ -33,9 +34,8 @@ void WhatsNewDialog::setupUi(const QString &applicationName, const QString &vers
     heading->setWordWrap(true);
     layout->addWidget(heading);
 
-    m_notes = new QTextBrowser(this);
-    m_notes->setOpenExternalLinks(true);
-    m_notes->setMarkdown(markdown);
+    m_notes = new NotesBrowser(this);
+    m_notes->setNotes(markdown);
     layout->addWidget(m_notes, 1);
 
     auto *running = new QLabel(tr("You are running version %1").arg(version), this);
@@ -55,7 +55,7 @@ void WhatsNewDialog::setupUi(const QString &applicationName, const QString &vers
 
 void WhatsNewDialog::setMarkdown(const QString &markdown)
 {
-    m_notes->setMarkdown(markdown);
+    m_notes->setNotes(markdown);
 }
 
 } // namespace HalcUpdate

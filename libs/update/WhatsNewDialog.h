@@ -4,9 +4,9 @@
 #include <QString>
 #include <QUrl>
 
-class QTextBrowser;
-
 namespace HalcUpdate {
+
+class NotesBrowser;
 
 // The notes of the version now running, shown once after an upgrade and whenever the user asks.
 class WhatsNewDialog : public QDialog {
@@ -16,14 +16,14 @@ public:
     WhatsNewDialog(const QString &applicationName, const QString &version, const QString &markdown,
                    QWidget *parent = nullptr, const QUrl &downloadUrl = QUrl());
 
-    QTextBrowser *notesBrowser() const { return m_notes; }
+    NotesBrowser *notesBrowser() const { return m_notes; }
     void setMarkdown(const QString &markdown);
 
 private:
     void setupUi(const QString &applicationName, const QString &version, const QString &markdown);
 
     QUrl m_downloadUrl;
-    QTextBrowser *m_notes = nullptr;
+    NotesBrowser *m_notes = nullptr;
 };
 
 } // namespace HalcUpdate

@@ -1,6 +1,7 @@
 #include "support/ScriptedServer.h"
 #include "support/UpdateManifests.h"
 #include "update/Client.h"
+#include "update/NotesBrowser.h"
 #include "update/Platform.h"
 #include "update/ReleaseNotesFetcher.h"
 #include "update/UpdateChecks.h"
@@ -16,7 +17,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
-#include <QTextBrowser>
 
 using namespace HalcUpdate;
 
