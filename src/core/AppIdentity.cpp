@@ -9,3 +9,8 @@ HalcUpdate::Config updateClientConfig()
         QString::fromLatin1(AppIdentity::kApplicationVersion),
     };
 }
+
+HalcUpdate::FeedbackConfig feedbackConfig()
+{
+    return {QStringLiteral("ombrel"), QUrl(QStringLiteral("https://feedback.halcyra.com/"))};
+}

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "update/Config.h"
+#include "update/Feedback.h"
 
 // Who the program is: to QSettings, to dialogs, to the account service and to the update channel.
 namespace AppIdentity {
@@ -16,3 +17,6 @@ inline constexpr char kIconFont[] = ":/fonts/fonts/MaterialIcons-Regular.otf";
 
 // What the update client checks against: this program's channel and compiled-in version.
 HalcUpdate::Config updateClientConfig();
+
+// Where "Send Feedback..." takes the user, and the tag that names this program there.
+HalcUpdate::FeedbackConfig feedbackConfig();

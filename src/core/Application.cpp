@@ -4,16 +4,25 @@
 #include "core/AppState.h"
 #include "core/DataDirectory.h"
 #include "core/Language.h"
+#include "data/PreferencesRepository.h"
 #include "ui/MainWindow.h"
 #include "ui/Prompt.h"
+#include "update/UpdateChecks.h"
+#include "update/WhatsNew.h"
 
 #include <QFontDatabase>
 #include <QIcon>
 #include <QLibraryInfo>
 #include <QLocale>
+#include <QTimer>
 #include <QTranslator>
 
 #include <cstdio>
+
+namespace {
+// The window draws first; a slow channel never holds up the start.
+constexpr int kUpdateCheckDelayMsec = 1500;
+} // namespace
 
 Application::Application(int &argc, char **argv)
     : QApplication(argc, argv)
@@ -86,6 +95,27 @@ int Application::run()
 
     m_mainWindow = std::make_unique<MainWindow>(m_appState);
     m_mainWindow->show();
+
+    const QString displayName = QString::fromLatin1(AppIdentity::kDisplayName);
+    PreferencesRepository *preferences = m_appState->preferences();
+    HalcUpdate::showWhatsNewIfUpgraded(updateClientConfig(), displayName, m_mainWindow.get(), [preferences] {
+        return preferences->getOr(QStringLiteral("last_whats_new_version"), QString());
+    });
+    // A timer object rather than a bare single shot, so that a test of run() can find it and disarm it.
+    auto *updateCheck = new QTimer(this);
+    updateCheck->setObjectName(QStringLiteral("updateCheckTimer"));
+    updateCheck->setSingleShot(true);
+    updateCheck->setInterval(kUpdateCheckDelayMsec);
+    connect(updateCheck, &QTimer::timeout, this, [this, updateCheck, displayName, preferences] {
+        updateCheck->deleteLater();
+        const QString key = QStringLiteral("update_dismissed_version");
+        HalcUpdate::checkAtStartup(
+            updateClientConfig(), displayName, m_mainWindow.get(),
+            {[preferences, key] { return preferences->getOr(key, QString()); },
+             [preferences, key](const QString &version) { preferences->set(key, version); }},
+            this);
+    });
+    updateCheck->start();
 
     return exec();
 }

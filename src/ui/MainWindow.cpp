@@ -1,5 +1,6 @@
 #include "ui/MainWindow.h"
 
+#include "core/AppIdentity.h"
 #include "core/AppState.h"
 #include "core/Money.h"
 #include "core/ThemeManager.h"
@@ -26,6 +27,9 @@
 #include "ui/UiStyle.h"
 #include "ui/WelcomeScreen.h"
 #include "ui/register/RegisterScreen.h"
+#include "update/Feedback.h"
+#include "update/UpdateChecks.h"
+#include "update/WhatsNew.h"
 
 #include <QAction>
 #include <QCloseEvent>
@@ -272,9 +276,18 @@ void MainWindow::setupMenuBar()
     QMenu *help = menuBar()->addMenu(tr("&Help"));
     help->addAction(tr("&About Halcyra Ombrel"), this, &MainWindow::showAbout)
         ->setMenuRole(QAction::AboutRole);
-    help->addAction(tr("What's &New..."));
-    help->addAction(tr("Check for &Updates..."));
-    help->addAction(tr("Send &Feedback..."));
+    const QString displayName = QString::fromLatin1(AppIdentity::kDisplayName);
+    help->addAction(tr("What's &New..."), this, [this, displayName] {
+        HalcUpdate::showWhatsNew(updateClientConfig(), displayName, this);
+    });
+    help->addAction(tr("Check for &Updates..."), this, [this, displayName] {
+        HalcUpdate::checkForUpdates(
+            updateClientConfig(), displayName, this,
+            {[this](const QString &text) { m_statusBar->showProgress(text); },
+             [this] { m_statusBar->hideProgress(); },
+             [this](const QString &text, int msec) { m_statusBar->showTimedMessage(text, msec); }});
+    });
+    help->addAction(tr("Send &Feedback..."), this, [] { HalcUpdate::openFeedback(feedbackConfig()); });
     help->addSeparator();
     help->addAction(tr("&Keyboard Shortcuts"), this, &MainWindow::showKeyboardShortcuts);
     if (!qEnvironmentVariable("OMBREL_DEV").isEmpty()) {

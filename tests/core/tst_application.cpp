@@ -8,6 +8,7 @@
 #include "ui/Prompt.h"
 
 #include <QFile>
+#include <QSettings>
 #include <QSignalSpy>
 #include <QSqlDatabase>
 #include <QSqlQuery>
@@ -71,6 +72,8 @@ void TstApplication::cleanup()
 {
     // run() leaves its AppState behind as a child of the application; the next run makes its own.
     qDeleteAll(qApp->findChildren<AppState *>(Qt::FindDirectChildrenOnly));
+    // Nor may the update check it armed reach out to the real channel later in this process.
+    qDeleteAll(qApp->findChildren<QTimer *>(QStringLiteral("updateCheckTimer")));
 }
 
 void TstApplication::identityAndResourcesAreInPlace()
@@ -117,6 +120,9 @@ void TstApplication::startsAndMigratesFreshDirectory()
     });
     QCOMPARE(app->run(), 0);
 
+    const auto *updateCheck = app->findChild<QTimer *>(QStringLiteral("updateCheckTimer"));
+    QVERIFY(updateCheck && updateCheck->isActive() && updateCheck->isSingleShot());
+    QCOMPARE(updateCheck->interval(), 1500);
     QVERIFY(QFile::exists(databasePath()));
     const auto *state = app->findChild<AppState *>();
     QVERIFY(state);
@@ -262,6 +268,8 @@ int main(int argc, char *argv[])
     qputenv("XDG_DATA_HOME", home.filePath(QStringLiteral("share")).toUtf8());
     qunsetenv("OMBREL_VERBOSE");
     Application app(argc, argv);
+    // The notes of this version count as seen, so that run() fetches nothing from the real channel.
+    QSettings().setValue(QStringLiteral("whatsNew/lastShownVersion"), QStringLiteral(OMBREL_VERSION));
     TstApplication test;
     return QTest::qExec(&test, argc, argv);
 }
