@@ -1,6 +1,15 @@
 #pragma once
 
 #include "core/AppState.h"
+// What a screen test reaches through the AppState, so that it needs no list of its own.
+#include "data/AccountRepository.h"
+#include "data/CategoryRepository.h"
+#include "data/Database.h"
+#include "data/PreferencesRepository.h"
+#include "data/ReconciliationRepository.h"
+#include "data/RecurringRepository.h"
+#include "data/SplitLineRepository.h"
+#include "data/TransactionRepository.h"
 
 #include <QTemporaryDir>
 
