@@ -1,3 +1,4 @@
+#include "core/Dates.h"
 #include "support/Fixtures.h"
 #include "support/TempStore.h"
 
@@ -62,6 +63,30 @@ private slots:
         QCOMPARE(read->endDate, std::optional<QDate>(QDate(2027, 1, 31)));
         QCOMPARE(read->frequency, Frequency::SemiAnnual);
         QCOMPARE(read->nextDueDate, QDate(2026, 2, 28));
+    }
+
+    // Restoring an account brings back the rules its deletion took, not those deleted before it.
+    void accountRestoreKeepsEarlierDeletions()
+    {
+        QVERIFY(m_store->accounts.insert(Fixtures::account("other", "Other")));
+        RecurringTransaction elsewhere = rule("elsewhere", QDate(2026, 1, 1));
+        elsewhere.accountId = QStringLiteral("other");
+        QVERIFY(m_repo->insert(rule("a", QDate(2026, 1, 1))) &&
+                m_repo->insert(rule("early", QDate(2026, 1, 1))) && m_repo->insert(elsewhere));
+        const QDateTime accountDeleted = utcNow();
+        QVERIFY(m_store->db.exec(
+            QStringLiteral("UPDATE recurring_transactions SET deleted_at = '%1' WHERE id = 'early'")
+                .arg(timestampText(accountDeleted.addSecs(-11)))));
+        QCOMPARE(m_repo->softDeleteByAccount(QStringLiteral("acc")), 1);
+        QCOMPARE(m_repo->getAll().size(), 1);
+        QVERIFY(m_store->db.exec(QStringLiteral("UPDATE recurring_transactions SET sync_status = 'synced'")));
+        QCOMPARE(m_repo->restoreByAccount(QStringLiteral("acc"), timestampText(accountDeleted.addSecs(-10))),
+                 1);
+        QCOMPARE(m_store->db
+                     .scalar("SELECT group_concat(id) FROM recurring_transactions WHERE deleted_at IS NULL "
+                             "AND sync_status = 'pending'")
+                     .toString(),
+                 QStringLiteral("a"));
     }
 
     void brokenDueDateIsTracedAndSaved_data()
