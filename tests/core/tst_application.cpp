@@ -40,224 +40,187 @@ QByteArray captureStderr(Fn fn)
     return file.readAll();
 }
 
+Application *app()
+{
+    return static_cast<Application *>(qApp);
+}
+
 } // namespace
 
 class TstApplication : public QObject {
     Q_OBJECT
-private slots:
-    void init();
-    void cleanup();
-    void identityAndResourcesAreInPlace();
-    void unusableDataDirectoryExitsWithStatusOne();
-    void startsAndMigratesFreshDirectory();
-    void filteredLog_data();
-    void filteredLog();
-    void resolveLanguage_data();
-    void resolveLanguage();
-    void storedLanguageIsRead();
-    void preferencesAppliedAtStart_data();
-    void preferencesAppliedAtStart();
-    void currentAccountIsRememberedAcrossStarts();
-
-private:
     QTemporaryDir m_dir;
-};
 
-void TstApplication::init()
-{
-    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QStringLiteral("data")).toUtf8());
-}
+    void useDataDir(const QString &name) { qputenv("OMBREL_DATA_DIR", m_dir.filePath(name).toUtf8()); }
 
-void TstApplication::cleanup()
-{
+private slots:
+    void init() { useDataDir(QStringLiteral("data")); }
     // run() leaves its AppState behind as a child of the application; the next run makes its own.
-    qDeleteAll(qApp->findChildren<AppState *>(Qt::FindDirectChildrenOnly));
-    // Nor may the update check it armed reach out to the real channel later in this process.
-    qDeleteAll(qApp->findChildren<QTimer *>(QStringLiteral("updateCheckTimer")));
-}
-
-void TstApplication::identityAndResourcesAreInPlace()
-{
-    for (const QString &code : supportedLanguages())
-        QVERIFY2(QFile::exists(QStringLiteral(":/i18n/ombrel_%1.qm").arg(code)), qPrintable(code));
-    QVERIFY(QFile::exists(QStringLiteral(":/fonts/fonts/MaterialIcons-Regular.otf")));
-    QVERIFY(QFile::exists(QStringLiteral(":/sql/sql/migrations/001_initial.sql")));
-    QVERIFY(QFile::exists(QStringLiteral(":/sql/sql/migrations/002_recon_sync.sql")));
-
-    QCOMPARE(QCoreApplication::organizationName(), QStringLiteral("Halcyra"));
-    QCOMPARE(QCoreApplication::applicationName(), QStringLiteral("Ombrel"));
-    QCOMPARE(QCoreApplication::applicationVersion(), QStringLiteral("1.0.9"));
-    QVERIFY(!QApplication::windowIcon().isNull());
-}
-
-void TstApplication::unusableDataDirectoryExitsWithStatusOne()
-{
-    // A plain file where the data directory should be: nothing can be made beneath it.
-    QFile blocker(m_dir.filePath(QStringLiteral("blocker")));
-    QVERIFY(blocker.open(QIODevice::WriteOnly));
-    blocker.close();
-    const QString dataDir = blocker.fileName() + QStringLiteral("/data");
-    qputenv("OMBREL_DATA_DIR", dataDir.toUtf8());
-
-    Prompt::setNextAnswer(QMessageBox::Ok);
-    QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("^Failed to open database: ")));
-    auto *app = static_cast<Application *>(qApp);
-    QCOMPARE(app->run(), 1);
-
-    QCOMPARE(Prompt::lastTitle(), QStringLiteral("Database Error"));
-    QCOMPARE(Prompt::lastText(), QStringLiteral("Failed to initialize the database.\n\nData directory: %1\n\n"
-                                                "Please check file permissions and try again.")
-                                     .arg(dataDir));
-    QVERIFY(QApplication::topLevelWidgets().isEmpty());
-}
-
-void TstApplication::startsAndMigratesFreshDirectory()
-{
-    auto *app = static_cast<Application *>(qApp);
-    QTimer::singleShot(0, app, [] {
-        QVERIFY(QApplication::activeWindow() || !QApplication::topLevelWidgets().isEmpty());
-        QCoreApplication::exit(0);
-    });
-    QCOMPARE(app->run(), 0);
-
-    const auto *updateCheck = app->findChild<QTimer *>(QStringLiteral("updateCheckTimer"));
-    QVERIFY(updateCheck && updateCheck->isActive() && updateCheck->isSingleShot());
-    QCOMPARE(updateCheck->interval(), 1500);
-    QVERIFY(QFile::exists(databasePath()));
-    const auto *state = app->findChild<AppState *>();
-    QVERIFY(state);
-    QVERIFY(state->currentAccountId().isEmpty());
-    QSqlQuery q(QSqlDatabase::database());
-    QVERIFY(q.exec(QStringLiteral("SELECT COUNT(*) FROM schema_version")));
-    QVERIFY(q.next());
-    QCOMPARE(q.value(0).toInt(), 2);
-    QCOMPARE(state->categories()->count(), 56);
-}
-
-void TstApplication::filteredLog_data()
-{
-    QTest::addColumn<int>("type");
-    QTest::addColumn<QString>("message");
-    QTest::addColumn<QByteArray>("expected");
-    QTest::newRow("debug dropped") << int(QtDebugMsg) << "noise" << QByteArray();
-    QTest::newRow("info dropped") << int(QtInfoMsg) << "Opening database at: /x" << QByteArray();
-    QTest::newRow("warning prefixed") << int(QtWarningMsg) << "disk slow" << QByteArray("WARN: disk slow\n");
-    QTest::newRow("critical bare") << int(QtCriticalMsg) << "Failed to open database: no"
-                                   << QByteArray("Failed to open database: no\n");
-    QTest::newRow("utf-8 kept") << int(QtWarningMsg) << "Café" << QByteArray("WARN: Caf\xc3\xa9\n");
-}
-
-void TstApplication::filteredLog()
-{
-    QFETCH(int, type);
-    QFETCH(QString, message);
-    QFETCH(QByteArray, expected);
-    const QMessageLogContext context("file.cpp", 12, "function", "category");
-    const QByteArray written =
-        captureStderr([&] { Application::filteredMessageHandler(QtMsgType(type), context, message); });
-    QCOMPARE(written, expected);
-}
-
-void TstApplication::resolveLanguage_data()
-{
-    QTest::addColumn<QString>("stored");
-    QTest::addColumn<QString>("system");
-    QTest::addColumn<QString>("expected");
-    QTest::newRow("system, supported") << "system"
-                                       << "de_DE"
-                                       << "de";
-    QTest::newRow("system, unsupported") << "system"
-                                         << "pt_BR"
-                                         << "en";
-    QTest::newRow("system, C locale") << "system"
-                                      << "C"
-                                      << "en";
-    QTest::newRow("explicit choice") << "ja"
-                                     << "de_DE"
-                                     << "ja";
-    QTest::newRow("unknown code stands") << "xx"
-                                         << "fr_FR"
-                                         << "xx";
-}
-
-void TstApplication::resolveLanguage()
-{
-    QFETCH(QString, stored);
-    QFETCH(QString, system);
-    QFETCH(QString, expected);
-    QCOMPARE(::resolveLanguage(stored, system), expected);
-}
-
-void TstApplication::storedLanguageIsRead()
-{
-    QCOMPARE(resolvedLanguage(false), QStringLiteral("system"));
-    setLanguage(QStringLiteral("fr"));
-    QCOMPARE(resolvedLanguage(false), QStringLiteral("fr"));
-    QCOMPARE(resolvedLanguage(true), QStringLiteral("fr"));
-    setLanguage(QStringLiteral("system"));
-}
-
-void TstApplication::preferencesAppliedAtStart_data()
-{
-    QTest::addColumn<QString>("fontScale");
-    QTest::addColumn<QString>("weekStartDay");
-    QTest::addColumn<int>("expectedScale");
-    QTest::addColumn<int>("expectedFirstDay"); // 0: the locale's
-    QTest::newRow("unset") << QString() << QString() << 100 << 0;
-    QTest::newRow("not a number") << "abc"
-                                  << "x" << 100 << 0;
-    QTest::newRow("too large") << "500"
-                               << "8" << 160 << 0;
-    QTest::newRow("too small") << "10"
-                               << "0" << 70 << 0;
-    QTest::newRow("in range") << "125"
-                              << "7" << 125 << int(Qt::Sunday);
-    QTest::newRow("monday") << "100"
-                            << "1" << 100 << int(Qt::Monday);
-}
-
-void TstApplication::preferencesAppliedAtStart()
-{
-    QFETCH(QString, fontScale);
-    QFETCH(QString, weekStartDay);
-    QFETCH(int, expectedScale);
-    QFETCH(int, expectedFirstDay);
-    const Qt::DayOfWeek localeDay = QLocale::system().firstDayOfWeek();
-    ThemeManager::setFirstDayOfWeek(localeDay);
-    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QString::fromLatin1(QTest::currentDataTag())).toUtf8());
+    void cleanup()
     {
-        AppState first;
-        QVERIFY(first.initialize());
-        if (!fontScale.isNull())
-            QVERIFY(first.preferences()->set(QStringLiteral("fontScale"), fontScale));
-        if (!weekStartDay.isNull())
-            QVERIFY(first.preferences()->set(QStringLiteral("weekStartDay"), weekStartDay));
+        qDeleteAll(qApp->findChildren<AppState *>(Qt::FindDirectChildrenOnly));
+        // Nor may the update check it armed reach out to the real channel later in this process.
+        qDeleteAll(qApp->findChildren<QTimer *>(QStringLiteral("updateCheckTimer")));
     }
-    AppState second;
-    QVERIFY(second.initialize());
-    QCOMPARE(ThemeManager::currentFontScale(), expectedScale);
-    QCOMPARE(int(ThemeManager::firstDayOfWeek()), expectedFirstDay ? expectedFirstDay : int(localeDay));
-    QCOMPARE(second.categories()->count(), 56); // seeded once, not again
-}
 
-void TstApplication::currentAccountIsRememberedAcrossStarts()
-{
-    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QStringLiteral("remembered")).toUtf8());
+    void translationsAreBuiltIn()
     {
-        AppState first;
-        QVERIFY(first.initialize());
-        QVERIFY(first.currentAccountId().isEmpty());
-        QSignalSpy changed(&first, &AppState::currentAccountChanged);
-        first.setCurrentAccountId(QStringLiteral("acc-1"));
-        first.setCurrentAccountId(QStringLiteral("acc-1"));
-        QCOMPARE(changed.size(), 1);
+        for (const QString &code : supportedLanguages())
+            QVERIFY2(QFile::exists(QStringLiteral(":/i18n/ombrel_%1.qm").arg(code)), qPrintable(code));
     }
-    AppState second;
-    QSignalSpy changed(&second, &AppState::currentAccountChanged);
-    QVERIFY(second.initialize());
-    QCOMPARE(second.currentAccountId(), QStringLiteral("acc-1"));
-    QCOMPARE(changed.size(), 0);
-}
+
+    void unusableDataDirectoryExitsWithStatusOne()
+    {
+        // A plain file where the data directory should be: nothing can be made beneath it.
+        QFile blocker(m_dir.filePath(QStringLiteral("blocker")));
+        QVERIFY(blocker.open(QIODevice::WriteOnly));
+        blocker.close();
+        const QString dataDir = blocker.fileName() + QStringLiteral("/data");
+        qputenv("OMBREL_DATA_DIR", dataDir.toUtf8());
+        Prompt::setNextAnswer(QMessageBox::Ok);
+        QTest::ignoreMessage(QtCriticalMsg, QRegularExpression(QStringLiteral("^Failed to open database: ")));
+        QCOMPARE(app()->run(), 1);
+        QCOMPARE(Prompt::lastTitle(), QStringLiteral("Database Error"));
+        QCOMPARE(Prompt::lastText(),
+                 QStringLiteral("Failed to initialize the database.\n\nData directory: %1\n\n"
+                                "Please check file permissions and try again.")
+                     .arg(dataDir));
+        QVERIFY(QApplication::topLevelWidgets().isEmpty());
+    }
+
+    void startsAndMigratesFreshDirectory()
+    {
+        QTimer::singleShot(0, app(), [] {
+            QVERIFY(!QApplication::topLevelWidgets().isEmpty());
+            QCoreApplication::exit(0);
+        });
+        QCOMPARE(app()->run(), 0);
+        const auto *updateCheck = app()->findChild<QTimer *>(QStringLiteral("updateCheckTimer"));
+        QVERIFY(updateCheck && updateCheck->isActive() && updateCheck->isSingleShot());
+        QCOMPARE(updateCheck->interval(), 1500);
+        QVERIFY(QFile::exists(databasePath()));
+        const auto *state = app()->findChild<AppState *>();
+        QVERIFY(state && state->currentAccountId().isEmpty());
+        QSqlQuery q(QSqlDatabase::database());
+        QVERIFY(q.exec(QStringLiteral("SELECT COUNT(*) FROM schema_version")) && q.next());
+        QCOMPARE(q.value(0).toInt(), 2);
+        QCOMPARE(state->categories()->count(), 56);
+    }
+
+    void filteredLog_data()
+    {
+        QTest::addColumn<int>("type");
+        QTest::addColumn<QString>("message");
+        QTest::addColumn<QByteArray>("expected");
+        QTest::newRow("debug dropped") << int(QtDebugMsg) << "noise" << QByteArray();
+        QTest::newRow("info dropped") << int(QtInfoMsg) << "Opening database at: /x" << QByteArray();
+        QTest::newRow("warning prefixed")
+            << int(QtWarningMsg) << "disk slow" << QByteArray("WARN: disk slow\n");
+        QTest::newRow("critical bare") << int(QtCriticalMsg) << "Failed: no" << QByteArray("Failed: no\n");
+        QTest::newRow("utf-8 kept") << int(QtWarningMsg) << "Café" << QByteArray("WARN: Caf\xc3\xa9\n");
+    }
+
+    void filteredLog()
+    {
+        QFETCH(int, type);
+        QFETCH(QString, message);
+        QFETCH(QByteArray, expected);
+        const QMessageLogContext context("file.cpp", 12, "function", "category");
+        QCOMPARE(
+            captureStderr([&] { Application::filteredMessageHandler(QtMsgType(type), context, message); }),
+            expected);
+    }
+
+    void resolveLanguage_data()
+    {
+        QTest::addColumn<QString>("stored");
+        QTest::addColumn<QString>("system");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char *name, const char *stored, const char *system, const char *expected) {
+            QTest::newRow(name) << QString::fromLatin1(stored) << QString::fromLatin1(system)
+                                << QString::fromLatin1(expected);
+        };
+        row("system, supported", "system", "de_DE", "de");
+        row("system, unsupported", "system", "pt_BR", "en");
+        row("system, C locale", "system", "C", "en");
+        row("explicit choice", "ja", "de_DE", "ja");
+        row("unknown code stands", "xx", "fr_FR", "xx");
+    }
+
+    void resolveLanguage()
+    {
+        QFETCH(QString, stored);
+        QFETCH(QString, system);
+        QFETCH(QString, expected);
+        QCOMPARE(::resolveLanguage(stored, system), expected);
+    }
+
+    void storedLanguageIsRead()
+    {
+        QCOMPARE(resolvedLanguage(false), QStringLiteral("system"));
+        setLanguage(QStringLiteral("fr"));
+        QCOMPARE(resolvedLanguage(false), QStringLiteral("fr"));
+        QCOMPARE(resolvedLanguage(true), QStringLiteral("fr"));
+        setLanguage(QStringLiteral("system"));
+    }
+
+    void preferencesAppliedAtStart_data()
+    {
+        QTest::addColumn<QString>("fontScale");
+        QTest::addColumn<QString>("weekStartDay");
+        QTest::addColumn<int>("expectedScale");
+        QTest::addColumn<int>("expectedFirstDay"); // 0: the locale's
+        QTest::newRow("unset") << QString() << QString() << 100 << 0;
+        QTest::newRow("not a number") << QStringLiteral("abc") << QStringLiteral("x") << 100 << 0;
+        QTest::newRow("too large") << QStringLiteral("500") << QStringLiteral("8") << 160 << 0;
+        QTest::newRow("too small") << QStringLiteral("10") << QStringLiteral("0") << 70 << 0;
+        QTest::newRow("in range") << QStringLiteral("125") << QStringLiteral("7") << 125 << int(Qt::Sunday);
+        QTest::newRow("monday") << QStringLiteral("100") << QStringLiteral("1") << 100 << int(Qt::Monday);
+    }
+
+    void preferencesAppliedAtStart()
+    {
+        QFETCH(QString, fontScale);
+        QFETCH(QString, weekStartDay);
+        QFETCH(int, expectedScale);
+        QFETCH(int, expectedFirstDay);
+        const Qt::DayOfWeek localeDay = QLocale::system().firstDayOfWeek();
+        ThemeManager::setFirstDayOfWeek(localeDay);
+        useDataDir(QString::fromLatin1(QTest::currentDataTag()));
+        {
+            AppState first;
+            QVERIFY(first.initialize());
+            if (!fontScale.isNull())
+                QVERIFY(first.preferences()->set(QStringLiteral("fontScale"), fontScale));
+            if (!weekStartDay.isNull())
+                QVERIFY(first.preferences()->set(QStringLiteral("weekStartDay"), weekStartDay));
+        }
+        AppState second;
+        QVERIFY(second.initialize());
+        QCOMPARE(ThemeManager::currentFontScale(), expectedScale);
+        QCOMPARE(int(ThemeManager::firstDayOfWeek()), expectedFirstDay ? expectedFirstDay : int(localeDay));
+        QCOMPARE(second.categories()->count(), 56); // seeded once, not again
+    }
+
+    void currentAccountIsRememberedAcrossStarts()
+    {
+        useDataDir(QStringLiteral("remembered"));
+        {
+            AppState first;
+            QVERIFY(first.initialize());
+            QVERIFY(first.currentAccountId().isEmpty());
+            QSignalSpy changed(&first, &AppState::currentAccountChanged);
+            first.setCurrentAccountId(QStringLiteral("acc-1"));
+            first.setCurrentAccountId(QStringLiteral("acc-1"));
+            QCOMPARE(changed.size(), 1);
+        }
+        AppState second;
+        QSignalSpy changed(&second, &AppState::currentAccountChanged);
+        QVERIFY(second.initialize());
+        QCOMPARE(second.currentAccountId(), QStringLiteral("acc-1"));
+        QCOMPARE(changed.size(), 0);
+    }
+};
 
 // The test needs our own Application, not the plain one QTEST_MAIN would make. QSettings and the
 // data directory go to temporary places so the user's own are never touched.

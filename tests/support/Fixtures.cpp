@@ -29,4 +29,43 @@ Transaction transaction(const QString &id, const QString &accountId, const QDate
     return t;
 }
 
+Category category(const QString &id, const QString &name, const QString &parentId, CategoryType type,
+                  const QString &taxCode)
+{
+    Category c;
+    c.id = id;
+    c.name = name;
+    c.parentId = parentId;
+    c.categoryType = type;
+    c.isTaxRelevant = !taxCode.isEmpty();
+    c.taxCategory = taxCode;
+    c.createdAt = c.updatedAt = utcNow();
+    return c;
+}
+
+RecurringTransaction rule(const QString &id, const QString &accountId, const QDate &nextDue, qint64 amount,
+                          Frequency frequency)
+{
+    RecurringTransaction r;
+    r.id = id;
+    r.accountId = accountId;
+    r.payee = QStringLiteral("Landlord");
+    r.amount = amount;
+    r.frequency = frequency;
+    r.startDate = r.nextDueDate = nextDue;
+    r.createdAt = r.updatedAt = utcNow();
+    return r;
+}
+
+SplitLine splitLine(const QString &id, const QString &transactionId, const QString &categoryId, qint64 amount)
+{
+    SplitLine l;
+    l.id = id;
+    l.transactionId = transactionId;
+    l.categoryId = categoryId;
+    l.amount = amount;
+    l.createdAt = l.updatedAt = utcNow();
+    return l;
+}
+
 } // namespace Fixtures

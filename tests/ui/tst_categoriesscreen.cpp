@@ -1,8 +1,10 @@
 #include "ui/CategoriesScreen.h"
 
-#include "core/AppState.h"
-#include "core/Dates.h"
+#include "support/Widgets.h"
+
 #include "data/CategoryRepository.h"
+#include "support/Fixtures.h"
+#include "support/TempAppState.h"
 #include "ui/CategoryTreeModel.h"
 #include "ui/Prompt.h"
 
@@ -12,205 +14,171 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QTreeView>
 
 #include <memory>
+#include <optional>
 
 class TstCategoriesScreen : public QObject {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
-    void orphanStandsAtTheTop();
-    void filterOnAChildKeepsItsParent();
-    void expandedBranchesSurviveADelete();
-    void contextMenuHasTwoLevels_data();
-    void contextMenuHasTwoLevels();
-    void newSubcategoryGoesUnderTheCurrentNode();
+    // A small tree of its own in place of the seeded one: two parents with children, a lone top-level
+    // category and an income one.
+    void init()
+    {
+        m_screen.reset();
+        m_app.reset();
+        m_app.emplace();
+        QVERIFY(m_app->ok());
+        m_state = m_app->get();
+        CategoryRepository *repo = m_state->categories();
+        for (const Category &c : repo->getAll())
+            QVERIFY(repo->softDelete(c.id));
+        QVERIFY(repo->insert(Fixtures::category("home", "Housing")));
+        QVERIFY(repo->insert(Fixtures::category("rent", "Rent", "home")));
+        QVERIFY(repo->insert(Fixtures::category("hoa", "HOA", "home")));
+        QVERIFY(repo->insert(Fixtures::category("car", "Transportation")));
+        QVERIFY(repo->insert(Fixtures::category("fuel", "Gas/Fuel", "car")));
+        QVERIFY(repo->insert(Fixtures::category("pets", "Pets")));
+        QVERIFY(repo->insert(Fixtures::category("pay", "Salary", {}, CategoryType::Income, "wages")));
+        m_screen = std::make_unique<CategoriesScreen>(m_state);
+        m_screen->show();
+        QVERIFY(QTest::qWaitForWindowExposed(m_screen.get()));
+    }
+
+    void orphanStandsAtTheTop()
+    {
+        CategoryTreeModel model;
+        QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
+        QVERIFY(m_state->categories()->softDelete(QStringLiteral("home")));
+        model.setCategories(m_state->categories()->getAll());
+        QStringList top;
+        for (int row = 0; row < model.rowCount(); ++row)
+            top.append(model.index(row, 0).data().toString());
+        // The repository's order, by name; the children of the deleted parent among the others.
+        QCOMPARE(top, QStringList({"HOA", "Pets", "Rent", "Salary", "Transportation"}));
+        const QModelIndex car = model.indexOfId(QStringLiteral("car"));
+        QCOMPARE(model.rowCount(car), 1);
+        const QModelIndex fuel = model.indexOfId(QStringLiteral("fuel"));
+        QCOMPARE(fuel.parent(), car);
+        QCOMPARE(model.categoryAt(fuel)->name, QStringLiteral("Gas/Fuel"));
+        QVERIFY(!model.indexOfId(QStringLiteral("home")).isValid());
+
+        // A reload frees the old tree and builds the new one.
+        model.setCategories({});
+        QCOMPARE(model.rowCount(), 0);
+    }
+
+    void filterOnAChildKeepsItsParent()
+    {
+        // Sorted without regard to case, and collapsed.
+        QCOMPARE(visibleNames(), QStringList({"Housing", "Pets", "Salary", "Transportation"}));
+        auto *search = child<QLineEdit>(m_screen.get(), "searchEdit");
+        QTest::keyClicks(search, QStringLiteral("FUEL"));
+        QCOMPARE(visibleNames(), QStringList({"Transportation", "Gas/Fuel"}));
+        search->clear();
+        QCOMPARE(visibleNames(), QStringList({"Housing", "Pets", "Salary", "Transportation"}));
+    }
+
+    void expandedBranchesSurviveADelete()
+    {
+        m_screen->view()->expand(proxyIndexOf(QStringLiteral("Housing")));
+        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("HOA")));
+        Prompt::setNextAnswer(QMessageBox::Yes);
+        QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onDeleteCategory"));
+        QCOMPARE(
+            Prompt::lastText(),
+            QStringLiteral("Delete \"HOA\"? Transactions using this category will become uncategorized."));
+        QCOMPARE(visibleNames(), QStringList({"Housing", "Rent", "Pets", "Salary", "Transportation"}));
+
+        // No: nothing goes.
+        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Rent")));
+        Prompt::setNextAnswer(QMessageBox::No);
+        QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onDeleteCategory"));
+        QVERIFY(m_state->categories()->getByName(QStringLiteral("Rent")));
+    }
+
+    void contextMenuHasTwoLevels_data()
+    {
+        QTest::addColumn<QString>("node");
+        QTest::addColumn<QStringList>("entries");
+        QTest::newRow("empty space") << QString() << QStringList({"&New Category"});
+        QTest::newRow("top level") << "Housing"
+                                   << QStringList(
+                                          {"&New Category", "Add &Subcategory", "", "&Edit", "&Delete"});
+        QTest::newRow("subcategory") << "Rent" << QStringList({"&New Category", "", "&Edit", "&Delete"});
+    }
+
+    void contextMenuHasTwoLevels()
+    {
+        QFETCH(QString, node);
+        QFETCH(QStringList, entries);
+        m_screen->view()->expandAll();
+        QMenu menu;
+        m_screen->fillContextMenu(&menu, node.isEmpty() ? QModelIndex() : proxyIndexOf(node));
+        QStringList texts;
+        for (const QAction *action : menu.actions())
+            texts.append(action->text());
+        QCOMPARE(texts, entries);
+    }
+
+    void newSubcategoryGoesUnderTheCurrentNode()
+    {
+        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Pets")));
+        Prompt::setNextDialogHandler([](QDialog *dialog) {
+            child<QLineEdit>(dialog, "nameEdit")->setText(QStringLiteral("Vet"));
+            return int(QDialog::Accepted);
+        });
+        QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onCreateSubcategory"));
+        const std::optional<Category> vet = m_state->categories()->getByName(QStringLiteral("Vet"));
+        QVERIFY(vet);
+        QCOMPARE(vet->parentId, QStringLiteral("pets"));
+        QCOMPARE(m_screen->model()->rowCount(m_screen->model()->indexOfId(QStringLiteral("pets"))), 1);
+
+        // Under a subcategory nothing is asked: the scripted form waits for the button below, which
+        // is cancelled and adds nothing.
+        int asked = 0;
+        Prompt::setNextDialogHandler([&asked](QDialog *dialog) {
+            ++asked;
+            child<QLineEdit>(dialog, "nameEdit")->setText(QStringLiteral("Nope"));
+            return int(QDialog::Rejected);
+        });
+        m_screen->view()->expandAll();
+        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Vet")));
+        QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onCreateSubcategory"));
+        QCOMPARE(asked, 0);
+        QTest::mouseClick(child<QPushButton>(m_screen.get(), "newButton"), Qt::LeftButton);
+        QCOMPARE(asked, 1);
+        QVERIFY(!m_state->categories()->getByName(QStringLiteral("Nope")));
+    }
 
 private:
-    QModelIndex proxyIndexOf(const QString &name) const;
-    QStringList visibleNames(const QModelIndex &parent = {}) const;
+    QModelIndex proxyIndexOf(const QString &name) const
+    {
+        const QModelIndexList found =
+            m_screen->view()->model()->match(m_screen->view()->model()->index(0, 0), Qt::DisplayRole, name, 1,
+                                             Qt::MatchExactly | Qt::MatchRecursive);
+        return found.value(0);
+    }
 
-    QTemporaryDir m_dir;
-    int m_run = 0;
-    std::unique_ptr<AppState> m_state;
+    QStringList visibleNames(const QModelIndex &parent = {}) const
+    {
+        QStringList names;
+        const QAbstractItemModel *model = m_screen->view()->model();
+        for (int row = 0; row < model->rowCount(parent); ++row) {
+            const QModelIndex index = model->index(row, 0, parent);
+            names.append(index.data().toString());
+            if (m_screen->view()->isExpanded(index))
+                names.append(visibleNames(index));
+        }
+        return names;
+    }
+
+    std::optional<TempAppState> m_app;
+    AppState *m_state = nullptr;
     std::unique_ptr<CategoriesScreen> m_screen;
 };
-
-namespace {
-
-Category category(const QString &id, const QString &name, const QString &parentId = {},
-                  CategoryType type = CategoryType::Expense)
-{
-    Category c;
-    c.id = id;
-    c.name = name;
-    c.parentId = parentId;
-    c.categoryType = type;
-    c.createdAt = c.updatedAt = utcNow();
-    return c;
-}
-
-} // namespace
-
-// A small tree of its own in place of the seeded one: two parents with children, a lone top-level
-// category and an income one.
-void TstCategoriesScreen::init()
-{
-    qputenv("OMBREL_DATA_DIR", m_dir.filePath(QStringLiteral("run%1").arg(++m_run)).toUtf8());
-    m_state = std::make_unique<AppState>();
-    QVERIFY(m_state->initialize());
-    CategoryRepository *repo = m_state->categories();
-    for (const Category &c : repo->getAll())
-        QVERIFY(repo->softDelete(c.id));
-    QVERIFY(repo->insert(category("home", "Housing")));
-    QVERIFY(repo->insert(category("rent", "Rent", "home")));
-    QVERIFY(repo->insert(category("hoa", "HOA", "home")));
-    QVERIFY(repo->insert(category("car", "Transportation")));
-    QVERIFY(repo->insert(category("fuel", "Gas/Fuel", "car")));
-    QVERIFY(repo->insert(category("pets", "Pets")));
-    Category salary = category("pay", "Salary", {}, CategoryType::Income);
-    salary.isTaxRelevant = true;
-    salary.taxCategory = QStringLiteral("wages");
-    QVERIFY(repo->insert(salary));
-    m_screen = std::make_unique<CategoriesScreen>(m_state.get());
-    m_screen->show();
-    QVERIFY(QTest::qWaitForWindowExposed(m_screen.get()));
-}
-
-void TstCategoriesScreen::cleanup()
-{
-    m_screen.reset();
-    m_state.reset();
-}
-
-QModelIndex TstCategoriesScreen::proxyIndexOf(const QString &name) const
-{
-    const QModelIndexList found =
-        m_screen->view()->model()->match(m_screen->view()->model()->index(0, 0), Qt::DisplayRole, name, 1,
-                                         Qt::MatchExactly | Qt::MatchRecursive);
-    return found.value(0);
-}
-
-QStringList TstCategoriesScreen::visibleNames(const QModelIndex &parent) const
-{
-    QStringList names;
-    const QAbstractItemModel *model = m_screen->view()->model();
-    for (int row = 0; row < model->rowCount(parent); ++row) {
-        const QModelIndex index = model->index(row, 0, parent);
-        names.append(index.data().toString());
-        if (m_screen->view()->isExpanded(index))
-            names.append(visibleNames(index));
-    }
-    return names;
-}
-
-void TstCategoriesScreen::orphanStandsAtTheTop()
-{
-    CategoryTreeModel model;
-    QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-    QVERIFY(m_state->categories()->softDelete(QStringLiteral("home")));
-    model.setCategories(m_state->categories()->getAll());
-    QStringList top;
-    for (int row = 0; row < model.rowCount(); ++row)
-        top.append(model.index(row, 0).data().toString());
-    // The repository's order, by name; the children of the deleted parent among the others.
-    QCOMPARE(top, QStringList({"HOA", "Pets", "Rent", "Salary", "Transportation"}));
-    const QModelIndex car = model.indexOfId(QStringLiteral("car"));
-    QCOMPARE(model.rowCount(car), 1);
-    const QModelIndex fuel = model.indexOfId(QStringLiteral("fuel"));
-    QCOMPARE(fuel.parent(), car);
-    QCOMPARE(model.categoryAt(fuel)->name, QStringLiteral("Gas/Fuel"));
-    QVERIFY(!model.indexOfId(QStringLiteral("home")).isValid());
-
-    // A reload frees the old tree and builds the new one.
-    model.setCategories({});
-    QCOMPARE(model.rowCount(), 0);
-}
-
-void TstCategoriesScreen::filterOnAChildKeepsItsParent()
-{
-    // Sorted without regard to case, and collapsed.
-    QCOMPARE(visibleNames(), QStringList({"Housing", "Pets", "Salary", "Transportation"}));
-    auto *search = m_screen->findChild<QLineEdit *>(QStringLiteral("searchEdit"));
-    QTest::keyClicks(search, QStringLiteral("FUEL"));
-    QCOMPARE(visibleNames(), QStringList({"Transportation", "Gas/Fuel"}));
-    search->clear();
-    QCOMPARE(visibleNames(), QStringList({"Housing", "Pets", "Salary", "Transportation"}));
-}
-
-void TstCategoriesScreen::expandedBranchesSurviveADelete()
-{
-    m_screen->view()->expand(proxyIndexOf(QStringLiteral("Housing")));
-    m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("HOA")));
-    Prompt::setNextAnswer(QMessageBox::Yes);
-    QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onDeleteCategory"));
-    QCOMPARE(Prompt::lastText(),
-             QStringLiteral("Delete \"HOA\"? Transactions using this category will become uncategorized."));
-    QCOMPARE(visibleNames(), QStringList({"Housing", "Rent", "Pets", "Salary", "Transportation"}));
-
-    // No: nothing goes.
-    m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Rent")));
-    Prompt::setNextAnswer(QMessageBox::No);
-    QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onDeleteCategory"));
-    QVERIFY(m_state->categories()->getByName(QStringLiteral("Rent")));
-}
-
-void TstCategoriesScreen::contextMenuHasTwoLevels_data()
-{
-    QTest::addColumn<QString>("node");
-    QTest::addColumn<QStringList>("entries");
-    QTest::newRow("empty space") << QString() << QStringList({"&New Category"});
-    QTest::newRow("top level") << "Housing"
-                               << QStringList({"&New Category", "Add &Subcategory", "", "&Edit", "&Delete"});
-    QTest::newRow("subcategory") << "Rent" << QStringList({"&New Category", "", "&Edit", "&Delete"});
-}
-
-void TstCategoriesScreen::contextMenuHasTwoLevels()
-{
-    QFETCH(QString, node);
-    QFETCH(QStringList, entries);
-    m_screen->view()->expandAll();
-    QMenu menu;
-    m_screen->fillContextMenu(&menu, node.isEmpty() ? QModelIndex() : proxyIndexOf(node));
-    QStringList texts;
-    for (const QAction *action : menu.actions())
-        texts.append(action->text());
-    QCOMPARE(texts, entries);
-}
-
-void TstCategoriesScreen::newSubcategoryGoesUnderTheCurrentNode()
-{
-    m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Pets")));
-    Prompt::setNextDialogHandler([](QDialog *dialog) {
-        dialog->findChild<QLineEdit *>(QStringLiteral("nameEdit"))->setText(QStringLiteral("Vet"));
-        return int(QDialog::Accepted);
-    });
-    QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onCreateSubcategory"));
-    const std::optional<Category> vet = m_state->categories()->getByName(QStringLiteral("Vet"));
-    QVERIFY(vet);
-    QCOMPARE(vet->parentId, QStringLiteral("pets"));
-    QCOMPARE(m_screen->model()->rowCount(m_screen->model()->indexOfId(QStringLiteral("pets"))), 1);
-
-    // Under a subcategory nothing is asked: the scripted form waits for the button below, which
-    // is cancelled and adds nothing.
-    int asked = 0;
-    Prompt::setNextDialogHandler([&asked](QDialog *dialog) {
-        ++asked;
-        dialog->findChild<QLineEdit *>(QStringLiteral("nameEdit"))->setText(QStringLiteral("Nope"));
-        return int(QDialog::Rejected);
-    });
-    m_screen->view()->expandAll();
-    m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Vet")));
-    QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onCreateSubcategory"));
-    QCOMPARE(asked, 0);
-    QTest::mouseClick(m_screen->findChild<QPushButton *>(QStringLiteral("newButton")), Qt::LeftButton);
-    QCOMPARE(asked, 1);
-    QVERIFY(!m_state->categories()->getByName(QStringLiteral("Nope")));
-}
 
 QTEST_MAIN(TstCategoriesScreen)
 #include "tst_categoriesscreen.moc"
