@@ -164,6 +164,9 @@ void RegisterScreen::setupUi()
     m_view->verticalHeader()->hide();
     m_view->verticalHeader()->setDefaultSectionSize(36);
     m_view->setShowGrid(false);
+    // A long category or payee wrapped onto a second line that a one-line row cuts off; elided, it
+    // says that there is more.
+    m_view->setWordWrap(false);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed);
     m_view->setSortingEnabled(true);
