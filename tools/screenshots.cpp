@@ -308,6 +308,15 @@ QWidget *mainWindow()
     return new MainWindow(g_state);
 }
 
+// The main window at its default size on the everyday account, one line or two a row.
+QWidget *registerWindow(bool twoLine)
+{
+    g_state->preferences()->setBool(QStringLiteral("registerTwoLine"), twoLine);
+    auto *window = new MainWindow(g_state);
+    window->selectAccount(QStringLiteral("acc-0"));
+    return window;
+}
+
 // The empty-state page shows only to a signed-in user with no account; this shows it without signing in.
 QWidget *emptyStatePage()
 {
@@ -466,6 +475,8 @@ const Page kPages[] = {
     {"welcome",       kPageSize,     [] { return new WelcomeScreen; }},
     {"statusbar",     kBarSize,      statusBarFrame                  },
     {"window",        kWindowSize,   mainWindow                      },
+    {"window-register",  QSize(1280, 900), [] { return registerWindow(false); }},
+    {"window-register2", QSize(1280, 900), [] { return registerWindow(true); } },
     {"empty",         kWindowSize,   emptyStatePage                  },
     {"accountform",   QSize(420, 0), accountForm                     },
     {"categoryform",  QSize(440, 0), subcategoryForm                 },

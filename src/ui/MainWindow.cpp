@@ -46,10 +46,12 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QTimer>
 #include <QUuid>
 #include <QVBoxLayout>
 
 #include <functional>
+#include <utility>
 
 namespace {
 
@@ -124,6 +126,17 @@ private:
     std::function<void()> m_callback;
 };
 
+// The list item's account currency, so that a balance can be shown again without reading the account.
+constexpr int kCurrencyRole = Qt::UserRole + 1;
+
+void showBalance(QLabel *amount, qint64 balance, Currency currency)
+{
+    amount->setText(formatAmount(balance, currency));
+    amount->setStyleSheet(
+        QStringLiteral("color: %1;").arg(QLatin1String(balance < 0 ? kNegative : kPositive)));
+    amount->setMinimumWidth(QFontMetrics(amount->font()).horizontalAdvance(amount->text()) + 4);
+}
+
 } // namespace
 
 MainWindow::MainWindow(AppState *state, QWidget *parent)
@@ -160,7 +173,7 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
 
     connect(m_state->accounts(), &AccountRepository::accountsChanged, this, &MainWindow::onAccountsChanged);
     connect(m_state->transactions(), &TransactionRepository::transactionsChanged, this,
-            &MainWindow::onAccountsChanged);
+            &MainWindow::onTransactionsChanged);
     connect(m_state->themeManager(), &ThemeManager::themeChanged, this, [this] {
         m_statusBar->refreshColors();
         rebuildListStyle();
@@ -444,9 +457,11 @@ void MainWindow::onAccountsChanged()
 
     const int scaled = ThemeManager::scaledPointSize();
     qint64 total = 0;
+    m_balances.clear();
     for (const Account &account : accounts) {
         const qint64 balance = m_state->transactions()->getBalance(account.id);
         total += balance;
+        m_balances.insert(account.id, balance);
 
         auto *row = new QWidget;
         auto *layout = new QHBoxLayout(row);
@@ -477,13 +492,12 @@ void MainWindow::onAccountsChanged()
         name->setToolTip(account.name);
         top->addWidget(name, 1);
 
-        auto *amount = new QLabel(formatAmount(balance, account.currency), row);
+        auto *amount = new QLabel(row);
+        amount->setObjectName(QStringLiteral("accountBalance"));
         applyFontRole(amount, 7);
         amount->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        amount->setStyleSheet(
-            QStringLiteral("color: %1;").arg(QLatin1String(balance < 0 ? kNegative : kPositive)));
         amount->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Preferred);
-        amount->setMinimumWidth(QFontMetrics(amount->font()).horizontalAdvance(amount->text()) + 4);
+        showBalance(amount, balance, account.currency);
         top->addWidget(amount);
         text->addLayout(top);
 
@@ -501,6 +515,7 @@ void MainWindow::onAccountsChanged()
 
         auto *item = new QListWidgetItem(m_accountList);
         item->setData(Qt::UserRole, account.id);
+        item->setData(kCurrencyRole, int(account.currency));
         m_accountList->setItemWidget(item, row);
         // The item's style-sheet padding (7 px above and below) is taken out of the rect the row widget
         // gets, so it is added to the 10 px of room; without it the names lose their descenders.
@@ -516,6 +531,47 @@ void MainWindow::onAccountsChanged()
         if (m_accountList->item(row)->data(Qt::UserRole).toString() == current)
             m_accountList->setCurrentRow(row);
     }
+}
+
+void MainWindow::onTransactionsChanged(const QString &accountId)
+{
+    if (m_balancesQueued) {
+        m_staleBalances.insert(accountId);
+        return;
+    }
+    // The first change shows at once; what follows in the same pass of the event loop waits for it.
+    m_balancesQueued = true;
+    QTimer::singleShot(0, this, [this] {
+        m_balancesQueued = false;
+        const QSet<QString> stale = std::exchange(m_staleBalances, {});
+        for (const QString &id : stale) {
+            if (!refreshBalance(id))
+                return;
+        }
+    });
+    refreshBalance(accountId);
+}
+
+// False when the list had to be rebuilt whole, which has read every balance already.
+bool MainWindow::refreshBalance(const QString &accountId)
+{
+    for (int row = 0; row < m_accountList->count(); ++row) {
+        QListWidgetItem *item = m_accountList->item(row);
+        if (accountId.isEmpty() || item->data(Qt::UserRole).toString() != accountId)
+            continue;
+        auto *amount = m_accountList->itemWidget(item)->findChild<QLabel *>(QStringLiteral("accountBalance"));
+        const qint64 balance = m_state->transactions()->getBalance(accountId);
+        m_balances.insert(accountId, balance);
+        showBalance(amount, balance, Currency(item->data(kCurrencyRole).toInt()));
+        qint64 total = 0;
+        for (const qint64 each : std::as_const(m_balances))
+            total += each;
+        m_totalLabel->setText(tr("Total: %1").arg(formatAmount(total, Currency::USD)));
+        return true;
+    }
+    // An account the list does not show yet (or a change that names none).
+    onAccountsChanged();
+    return false;
 }
 
 void MainWindow::rebuildShortcuts()

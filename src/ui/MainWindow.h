@@ -1,7 +1,9 @@
 #pragma once
 
+#include <QHash>
 #include <QList>
 #include <QMainWindow>
+#include <QSet>
 #include <QString>
 
 class AppState;
@@ -79,6 +81,10 @@ private:
     void presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize);
     void loadSampleData();
     void clearSampleData();
+    // A change to one account's transactions re-reads that account's balance alone; a burst of them
+    // (an import, a catch-up of recurring rows) is read once, after the burst.
+    void onTransactionsChanged(const QString &accountId);
+    bool refreshBalance(const QString &accountId);
 
     AppState *m_state = nullptr;
     QListWidget *m_accountList = nullptr;
@@ -92,6 +98,9 @@ private:
     QAction *m_accountAction = nullptr;
     StatusBar *m_statusBar = nullptr;
     QList<QShortcut *> m_accountShortcuts;
+    QHash<QString, qint64> m_balances;
+    QSet<QString> m_staleBalances;
+    bool m_balancesQueued = false;
     RecurringScreen *m_recurringScreen = nullptr;
     ReconciliationHistoryScreen *m_reconciliationHistoryScreen = nullptr;
     SettingsScreen *m_settingsScreen = nullptr;

@@ -21,6 +21,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
@@ -106,6 +107,22 @@ void TstMainWindow::listShowsBalancesAndAddsCurrenciesIntoTheTotal()
     // 5000 yen and -12550 cents added as plain numbers, then shown as dollars.
     QCOMPARE(m_window->findChild<QLabel *>(QStringLiteral("totalLabel"))->text(),
              QStringLiteral("Total: -$75.50"));
+
+    // A burst of changes to one account re-reads that balance once it is over, and leaves the other
+    // account's row as it was built.
+    const QPointer<QLabel> other =
+        list->itemWidget(list->item(1))->findChild<QLabel *>(QStringLiteral("accountBalance"));
+    QVERIFY(other);
+    for (int i = 0; i < 3; ++i)
+        QVERIFY(m_state->transactions()->insert(
+            Fixtures::transaction(QStringLiteral("burst%1").arg(i), QStringLiteral("usd"), QDate(2026, 1, 2),
+                                  QStringLiteral("Pay"), 10000)));
+    QTRY_COMPARE(m_window->findChild<QLabel *>(QStringLiteral("totalLabel"))->text(),
+                 QStringLiteral("Total: $224.50"));
+    QCOMPARE(list->itemWidget(list->item(0))->findChild<QLabel *>(QStringLiteral("accountBalance"))->text(),
+             QStringLiteral("$174.50"));
+    QVERIFY(other);
+    QCOMPARE(other->text(), QStringLiteral("¥5,000"));
 }
 
 void TstMainWindow::tenAccountsGetAltShortcutsAndTheEleventhNone()

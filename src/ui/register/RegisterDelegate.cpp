@@ -16,6 +16,7 @@
 #include <QApplication>
 #include <QHash>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QPainter>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -23,7 +24,7 @@
 namespace {
 
 constexpr int kLineHeight = 36;
-constexpr int kTwoLineCellHeight = 52;
+constexpr int kMemoLineHeight = 16;
 constexpr char kMuted[] = "#6E8A7E";
 constexpr char kCategoryIdProperty[] = "_halcCategoryId";
 const QString kPayeeMemoEditor = QStringLiteral("PayeeMemoEditor");
@@ -41,7 +42,24 @@ QFont memoFont(const QFont &base)
     return font;
 }
 
+// The painted memo's font; the memo line of the editor is a point smaller, so this one sets the height.
+int memoLineHeight(const QFont &base)
+{
+    return qMax(kMemoLineHeight, QFontMetrics(memoFont(base)).height());
+}
+
 } // namespace
+
+int RegisterDelegate::lineHeight(const QFont &font)
+{
+    // Room for an editor's frame and margins around the text.
+    return qMax(kLineHeight, QFontMetrics(font).height() + 18);
+}
+
+int RegisterDelegate::rowHeight(const QFont &font, bool twoLine)
+{
+    return lineHeight(font) + (twoLine ? memoLineHeight(font) : 0);
+}
 
 RegisterDelegate::RegisterDelegate(AppState *state, QObject *parent)
     : QStyledItemDelegate(parent)
@@ -188,6 +206,10 @@ void RegisterDelegate::setEditorData(QWidget *editor, const QModelIndex &index) 
             combo->setCurrentIndex(found);
         else
             combo->setCurrentText(text); // an unknown category stays as free text, resolved at commit
+        // Typing replaces the category, as it does the text of every other field; the view selects a
+        // line edit's text by itself but not a combo box's.
+        if (QLineEdit *line = combo->lineEdit())
+            line->selectAll();
         return;
     }
     if (auto *line = qobject_cast<QLineEdit *>(editor))
@@ -251,7 +273,7 @@ QSize RegisterDelegate::sizeHint(const QStyleOptionViewItem &option, const QMode
 {
     QSize size = QStyledItemDelegate::sizeHint(option, index);
     if (m_twoLineMode)
-        size.setHeight(kTwoLineCellHeight);
+        size.setHeight(rowHeight(option.font, true));
     return size;
 }
 
@@ -265,7 +287,7 @@ void RegisterDelegate::updateEditorGeometry(QWidget *editor, const QStyleOptionV
     QRect rect = option.rect;
     // Only the payee cell holds two lines (payee and memo); every other editor covers the first line.
     if (index.column() != RegisterModel::Payee)
-        rect.setHeight(kLineHeight);
+        rect.setHeight(lineHeight(option.font));
     editor->setGeometry(rect);
 }
 
@@ -283,20 +305,20 @@ void RegisterDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     const QColor base = opt.palette.color(index.row() % 2 ? QPalette::AlternateBase : QPalette::Base);
     QStyle *style = opt.widget ? opt.widget->style() : QApplication::style();
     const int column = index.column();
+    const int line = lineHeight(opt.font);
 
     // Selection and the editing tint cover the first line only, except under the payee and its memo.
     if (column == RegisterModel::Payee) {
         style->drawControl(QStyle::CE_ItemViewItem, &opt, painter, opt.widget);
     } else {
         QStyleOptionViewItem firstLine = opt;
-        firstLine.rect.setHeight(kLineHeight);
+        firstLine.rect.setHeight(line);
         style->drawControl(QStyle::CE_ItemViewItem, &firstLine, painter, opt.widget);
-        painter->fillRect(QRect(opt.rect.left(), opt.rect.top() + kLineHeight, opt.rect.width(),
-                                opt.rect.height() - kLineHeight),
-                          base);
+        painter->fillRect(
+            QRect(opt.rect.left(), opt.rect.top() + line, opt.rect.width(), opt.rect.height() - line), base);
     }
 
-    const QRect textRect(opt.rect.left() + 4, opt.rect.top(), opt.rect.width() - 8, kLineHeight);
+    const QRect textRect(opt.rect.left() + 4, opt.rect.top(), opt.rect.width() - 8, line);
     int alignment = Qt::AlignLeft;
     if (column == RegisterModel::Payment || column == RegisterModel::Deposit ||
         column == RegisterModel::Balance)
@@ -324,22 +346,28 @@ void RegisterDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opti
     }
     painter->setFont(opt.font);
     painter->setPen(color);
-    painter->drawText(textRect, alignment | Qt::AlignVCenter, text);
+    // Cut text says so with an ellipsis, as in the one-line layout.
+    painter->drawText(textRect, alignment | Qt::AlignVCenter,
+                      QFontMetrics(opt.font).elidedText(text, Qt::ElideRight, textRect.width()));
 
     if (column == RegisterModel::Payee || column == RegisterModel::Category) {
         const QString memo = index.siblingAtColumn(RegisterModel::Memo).data(Qt::DisplayRole).toString();
         if (!memo.isEmpty()) {
-            QRect memoRect(opt.rect.left() + 4, opt.rect.top() + kLineHeight, opt.rect.width() - 8,
-                           opt.rect.height() - kLineHeight);
-            // The memo runs on under the category, so it is cut only at the category's right edge.
-            if (column == RegisterModel::Category) {
-                if (const auto *view = qobject_cast<const QTableView *>(opt.widget))
-                    memoRect.setLeft(view->horizontalHeader()->sectionViewportPosition(RegisterModel::Payee) +
-                                     4);
-            }
-            painter->setFont(memoFont(opt.font));
+            QRect memoRect(opt.rect.left() + 4, opt.rect.top() + line, opt.rect.width() - 8,
+                           opt.rect.height() - line);
+            // The memo runs on under the category, so it is cut only at the category's right edge; the
+            // payee cell cuts it only when no category follows to paint over the rest.
+            const auto *view = qobject_cast<const QTableView *>(opt.widget);
+            if (column == RegisterModel::Category && view)
+                memoRect.setLeft(view->horizontalHeader()->sectionViewportPosition(RegisterModel::Payee) + 4);
+            const bool cut =
+                column == RegisterModel::Category || !view || view->isColumnHidden(RegisterModel::Category);
+            const QFont font = memoFont(opt.font);
+            painter->setFont(font);
             painter->setPen(selected ? opt.palette.color(QPalette::HighlightedText) : QColor(kMuted));
-            painter->drawText(memoRect, Qt::AlignLeft | Qt::AlignVCenter, memo);
+            painter->drawText(memoRect, Qt::AlignLeft | Qt::AlignVCenter,
+                              cut ? QFontMetrics(font).elidedText(memo, Qt::ElideRight, memoRect.width())
+                                  : memo);
         }
     }
     painter->restore();

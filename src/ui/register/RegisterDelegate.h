@@ -27,6 +27,10 @@ public:
     void updateEditorGeometry(QWidget *editor, const QStyleOptionViewItem &option,
                               const QModelIndex &index) const override;
 
+    // Rows follow the font: 36 px for a line at the normal size, 52 with the memo line below it.
+    static int lineHeight(const QFont &font);
+    static int rowHeight(const QFont &font, bool twoLine);
+
     // Suggestions for the payee: every payee, with "[Transfer] <account>" for each other account in front.
     QStringList payeeSuggestions() const;
     // Copies amount, category and memo of the payee's last transaction in this account into the new

@@ -230,10 +230,21 @@ void RegisterModel::sort(int column, Qt::SortOrder order)
 {
     if (column < 0 || column >= ColumnCount)
         return;
+    // A row number names another record once the rows move: the open row is followed by its id, so
+    // that a save can only ever reach the transaction that was opened. The made-up opening row has no
+    // id to follow; it goes back to a blank new row, so that its values cannot be saved as a new one.
+    const RegisterRow *open = m_editingRow >= 0 ? recordAt(m_editingRow) : nullptr;
+    const QString openId = open ? open->id : QString();
+    const bool wasOpen = m_editingRow >= 0;
     m_sortColumn = column;
     m_sortOrder = order;
     beginResetModel();
     sortRows();
+    if (wasOpen) {
+        m_editingRow = findRowById(openId);
+        if (m_editingRow < 0)
+            clearPending();
+    }
     endResetModel();
     emit sortChanged(column, order);
 }

@@ -27,10 +27,14 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QSettings>
+#include <QStyle>
 #include <QTimer>
 #include <QUuid>
 #include <QVBoxLayout>
+
+#include <array>
 
 namespace {
 
@@ -72,13 +76,25 @@ RegisterScreen::RegisterScreen(AppState *state, QWidget *parent)
             &RegisterScreen::showHeaderContextMenu);
     connect(m_view->horizontalHeader(), &QHeaderView::sectionResized, this,
             [this](int section, int, int size) {
-                if (!m_restoringColumns)
-                    QSettings().setValue(QStringLiteral("register/colWidth/%1").arg(section), size);
+                if (m_restoringColumns)
+                    return;
+                QSettings().setValue(QStringLiteral("register/colWidth/%1").arg(section), size);
+                // The column that fills the rest gives or takes what the user's column took or gave.
+                fitColumns();
             });
-    connect(m_model, &RegisterModel::sortChanged, this, [](int column, Qt::SortOrder order) {
+    connect(m_model, &QAbstractItemModel::modelAboutToBeReset, this, [this] {
+        const QModelIndex current = m_view->currentIndex();
+        m_columnBeforeReset = current.isValid() ? current.column() : 0;
+    });
+    connect(m_model, &RegisterModel::sortChanged, this, [this](int column, Qt::SortOrder order) {
         QSettings settings;
         settings.setValue(QStringLiteral("register/sortColumn"), column);
         settings.setValue(QStringLiteral("register/sortOrder"), int(order));
+        // The reset took the current cell away; it comes back on the open row, wherever that went.
+        const int row = m_model->editingRow() >= 0 ? m_model->editingRow() : m_model->newRowIndex();
+        const QModelIndex target = m_model->index(row, m_columnBeforeReset);
+        m_view->setCurrentIndex(target);
+        m_view->scrollTo(target);
     });
     connect(m_view->selectionModel(), &QItemSelectionModel::currentChanged, this,
             [this](const QModelIndex &current, const QModelIndex &previous) {
@@ -148,6 +164,9 @@ void RegisterScreen::setupUi()
     m_view->verticalHeader()->hide();
     m_view->verticalHeader()->setDefaultSectionSize(36);
     m_view->setShowGrid(false);
+    // A long category or payee wrapped onto a second line that a one-line row cuts off; elided, it
+    // says that there is more.
+    m_view->setWordWrap(false);
     m_view->setContextMenuPolicy(Qt::CustomContextMenu);
     m_view->setEditTriggers(QAbstractItemView::DoubleClicked | QAbstractItemView::AnyKeyPressed);
     m_view->setSortingEnabled(true);
@@ -191,6 +210,7 @@ void RegisterScreen::restoreColumns()
         m_view->setColumnHidden(column, hidden);
     }
     m_restoringColumns = false;
+    fitColumns();
     if (settings.contains(QStringLiteral("register/sortColumn"))) {
         int column = settings.value(QStringLiteral("register/sortColumn")).toInt();
         if (column < 0 || column > RegisterModel::Balance)
@@ -249,6 +269,7 @@ void RegisterScreen::refresh()
     const QList<RegisterRow> rows = m_state->transactions()->getByAccountWithBalances(m_accountId);
     applyTwoLineMode(m_state->preferences()->getBool(QStringLiteral("registerTwoLine"), false));
     m_model->setTransactions(rows);
+    measureFigures(rows);
 
     const qint64 balance = rows.isEmpty() ? account->startingBalance : rows.last().runningBalance;
     m_balanceLabel->setText(formatAmount(balance, account->currency));
@@ -268,13 +289,151 @@ void RegisterScreen::refresh()
         m_view->scrollTo(m_model->index(row, 0), QAbstractItemView::EnsureVisible);
 }
 
+void RegisterScreen::measureFigures(const QList<RegisterRow> &rows)
+{
+    qint64 payment = 0;
+    qint64 deposit = 0;
+    qint64 highest = 0;
+    qint64 lowest = 0;
+    for (const RegisterRow &row : rows) {
+        if (row.amount < 0)
+            payment = qMax(payment, -row.amount);
+        else
+            deposit = qMax(deposit, row.amount);
+        highest = qMax(highest, row.runningBalance);
+        lowest = qMin(lowest, row.runningBalance);
+    }
+    const QString high = formatAmountPlain(highest, Currency::USD);
+    const QString low = formatAmountPlain(lowest, Currency::USD);
+    m_widestFigures = {formatAmountPlain(payment, Currency::USD), formatAmountPlain(deposit, Currency::USD),
+                       low.size() > high.size() ? low : high};
+    fitColumns();
+}
+
+// Columns the user sized keep their width. The others start from their default, widened to what they
+// must show whole (dates and figures in the current font); Payee, or Memo when the user sized Payee,
+// takes what is left of the viewport. When the defaults do not fit, the date and the text columns give
+// up room in proportion, down to a floor, before the table scrolls sideways.
+void RegisterScreen::fitColumns()
+{
+    const int available = m_view->viewport()->width();
+    if (m_fitting || available <= 0)
+        return;
+    const QScopedValueRollback fitting(m_fitting, true);
+    QSettings settings;
+    const QFontMetrics text(m_view->font());
+    const QFontMetrics figures(ThemeManager::amountFont());
+    const QFontMetrics header(m_view->horizontalHeader()->font());
+    // A cell's text margins, with a little air.
+    const int padding = 2 * (m_view->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1) + 8;
+    const int textFloor = 8 * text.averageCharWidth();
+
+    struct Column {
+        bool visible = false;
+        bool byHand = false;
+        int width = 0;
+        int floor = 0;
+    };
+    std::array<Column, RegisterModel::ColumnCount> columns;
+    for (int c = 0; c < RegisterModel::ColumnCount; ++c) {
+        Column &column = columns[c];
+        column.visible = !m_view->isColumnHidden(c);
+        const QVariant stored = settings.value(QStringLiteral("register/colWidth/%1").arg(c));
+        column.byHand = stored.isValid() && stored.toInt() > 0;
+        if (column.byHand) {
+            column.width = column.floor = stored.toInt();
+            continue;
+        }
+        int content = header.horizontalAdvance(m_model->headerData(c, Qt::Horizontal).toString()) + padding;
+        switch (c) {
+        case RegisterModel::Date:
+            // The editor's calendar button stands beside the text.
+            content = qMax(content, text.horizontalAdvance(QStringLiteral("12/28/2026")) + padding + 24);
+            break;
+        case RegisterModel::Payment:
+        case RegisterModel::Deposit:
+        case RegisterModel::Balance: {
+            const int i = c == RegisterModel::Payment ? 0 : (c == RegisterModel::Deposit ? 1 : 2);
+            content = qMax(content, figures.horizontalAdvance(m_widestFigures[i]) + padding);
+            break;
+        }
+        case RegisterModel::Payee:
+        case RegisterModel::Category:
+        case RegisterModel::Memo: content = qMax(content, textFloor); break;
+        default: break;
+        }
+        column.floor = content;
+        column.width = qMax(kDefaultWidths[c], content);
+    }
+
+    int flex = -1;
+    if (columns[RegisterModel::Payee].visible && !columns[RegisterModel::Payee].byHand)
+        flex = RegisterModel::Payee;
+    else if (columns[RegisterModel::Memo].visible && !columns[RegisterModel::Memo].byHand)
+        flex = RegisterModel::Memo;
+    if (flex >= 0)
+        columns[flex].floor = qMax(columns[flex].floor, 12 * text.averageCharWidth());
+
+    const auto total = [&columns] {
+        int sum = 0;
+        for (const Column &column : columns)
+            sum += column.visible ? column.width : 0;
+        return sum;
+    };
+    // Too wide: the date first gives up its spare room, then the text columns in proportion.
+    int excess = total() - available;
+    const auto shrink = [&columns, &excess](std::initializer_list<int> which) {
+        for (int pass = 0; pass < 4 && excess > 0; ++pass) {
+            int spare = 0;
+            for (int c : which) {
+                const Column &column = columns[c];
+                if (column.visible && !column.byHand)
+                    spare += column.width - column.floor;
+            }
+            if (spare <= 0)
+                return;
+            const int take = qMin(excess, spare);
+            int taken = 0;
+            for (int c : which) {
+                Column &column = columns[c];
+                if (!column.visible || column.byHand)
+                    continue;
+                const int share =
+                    qMin(column.width - column.floor,
+                         int((qint64(take) * (column.width - column.floor) + spare - 1) / spare));
+                column.width -= share;
+                taken += share;
+            }
+            excess -= taken;
+        }
+    };
+    if (excess > 0)
+        shrink({RegisterModel::Date});
+    if (excess > 0)
+        shrink({RegisterModel::Payee, RegisterModel::Category, RegisterModel::Memo});
+    if (flex >= 0 && excess < 0)
+        columns[flex].width -= excess;
+
+    const QScopedValueRollback restoring(m_restoringColumns, true);
+    for (int c = 0; c < RegisterModel::ColumnCount; ++c) {
+        if (columns[c].visible && m_view->columnWidth(c) != columns[c].width)
+            m_view->setColumnWidth(c, columns[c].width);
+    }
+}
+
 void RegisterScreen::applyTwoLineMode(bool on)
 {
     m_delegate->setTwoLineMode(on);
-    m_view->setColumnHidden(RegisterModel::Memo,
-                            on || QSettings().value(QStringLiteral("register/colHidden/4"), false).toBool());
+    {
+        // Hiding resizes the section to nothing; that is not a width to keep.
+        const QScopedValueRollback restoring(m_restoringColumns, true);
+        m_view->setColumnHidden(
+            RegisterModel::Memo,
+            on || QSettings().value(QStringLiteral("register/colHidden/4"), false).toBool());
+    }
     m_model->setTwoLineMode(on);
-    m_view->verticalHeader()->setDefaultSectionSize(36 + 16 * int(on));
+    m_view->verticalHeader()->setDefaultSectionSize(RegisterDelegate::rowHeight(m_view->font(), on));
+    fitColumns();
     m_view->viewport()->update();
 }
 
@@ -350,6 +509,8 @@ void RegisterScreen::advanceToNextField()
         const QSignalBlocker block(m_view->selectionModel());
         m_view->setCurrentIndex(target);
     }
+    // With the selection model quiet the view does not scroll by itself; the field may be off-screen.
+    m_view->scrollTo(target);
     if (m_model->flags(target) & Qt::ItemIsEditable)
         m_view->edit(target);
 }
@@ -368,6 +529,7 @@ void RegisterScreen::advanceToPreviousField()
         const QSignalBlocker block(m_view->selectionModel());
         m_view->setCurrentIndex(target);
     }
+    m_view->scrollTo(target);
     if (!(m_model->flags(target) & Qt::ItemIsEditable))
         return;
     m_view->edit(target);
@@ -422,6 +584,10 @@ bool RegisterScreen::focusNextPrevChild(bool next)
 
 bool RegisterScreen::eventFilter(QObject *watched, QEvent *event)
 {
+    if (watched == m_view->viewport() && event->type() == QEvent::Resize)
+        fitColumns();
+    if (watched == m_view && event->type() == QEvent::FontChange)
+        applyTwoLineMode(m_model->twoLineMode());
     if (event->type() != QEvent::KeyPress || (watched != m_view && watched != m_view->viewport()))
         return QWidget::eventFilter(watched, event);
     auto *key = static_cast<QKeyEvent *>(event);
@@ -747,8 +913,12 @@ void RegisterScreen::showHeaderContextMenu(const QPoint &pos)
         action->setEnabled(column != RegisterModel::Date && column != RegisterModel::Balance &&
                            !(column == RegisterModel::Memo && m_model->twoLineMode()));
         connect(action, &QAction::toggled, this, [this, column](bool visible) {
-            m_view->setColumnHidden(column, !visible);
+            {
+                const QScopedValueRollback restoring(m_restoringColumns, true);
+                m_view->setColumnHidden(column, !visible);
+            }
             QSettings().setValue(QStringLiteral("register/colHidden/%1").arg(column), !visible);
+            fitColumns();
         });
     }
     menu.addSeparator();

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <QList>
 #include <QString>
 #include <QWidget>
+
+#include <array>
 
 class AppState;
 class QLabel;
@@ -58,6 +61,8 @@ private:
     void setupUi();
     void restoreColumns();
     void applyTwoLineMode(bool on);
+    void measureFigures(const QList<RegisterRow> &rows);
+    void fitColumns();
     void goToNewRow();
     void syncEditor();
     void enterAdvanceOrSave();
@@ -78,4 +83,8 @@ private:
     RegisterModel *m_model = nullptr;
     RegisterDelegate *m_delegate = nullptr;
     bool m_restoringColumns = false;
+    int m_columnBeforeReset = 0;
+    bool m_fitting = false;
+    // The widest payment, deposit and balance of the account, as the cells show them.
+    std::array<QString, 3> m_widestFigures;
 };

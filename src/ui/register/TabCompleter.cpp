@@ -5,6 +5,7 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QSignalBlocker>
 
 TabCompleter::TabCompleter(QAbstractItemModel *model, QObject *parent)
     : QCompleter(model, parent)
@@ -23,6 +24,25 @@ void TabCompleter::applySettings()
     setCaseSensitivity(Qt::CaseInsensitive);
     setFilterMode(Qt::MatchContains);
     setCompletionMode(QCompleter::PopupCompletion);
+    // Made now, so that the popup's own reset of its current row on every keystroke runs before ours.
+    popup();
+    connect(completionModel(), &QAbstractItemModel::modelReset, this, &TabCompleter::highlightFirst);
+}
+
+// A popup list shows nothing current until Down is pressed, and Tab would then take nothing. The first
+// suggestion is marked without the selection signals, which would write it into the line edit while
+// the user is still typing; Up from it still returns to no suggestion and the typed text.
+void TabCompleter::highlightFirst()
+{
+    QAbstractItemView *view = popup();
+    const QModelIndex first = completionModel()->index(0, completionColumn());
+    if (!first.isValid())
+        return;
+    {
+        const QSignalBlocker quiet(view->selectionModel());
+        view->selectionModel()->setCurrentIndex(first, QItemSelectionModel::ClearAndSelect);
+    }
+    view->viewport()->update();
 }
 
 bool TabCompleter::eventFilter(QObject *watched, QEvent *event)

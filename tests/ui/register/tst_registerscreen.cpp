@@ -1,4 +1,5 @@
 #include "core/AppState.h"
+#include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
 #include "data/CategoryRepository.h"
 #include "data/PreferencesRepository.h"
@@ -11,18 +12,22 @@
 
 #include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QCompleter>
 #include <QDialog>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
+#include <QScopeGuard>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QStyle>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
+#include <algorithm>
 #include <memory>
 
 class TstRegisterScreen : public QObject {
@@ -43,13 +48,18 @@ private slots:
     void payeeSuggestionAcceptedAndFilledIn_data();
     void payeeSuggestionAcceptedAndFilledIn();
     void fillInRepeatsWhenThePayeeIsLeftAgain();
+    void categorySuggestionTakenWithTab();
     void dateKeysInTheRegister_data();
     void dateKeysInTheRegister();
     void copyFromAbove_data();
     void copyFromAbove();
     void splitRowSkipsItsLockedCells();
     void newestFirstEntersAtTheTop();
+    void saveReachesTheOpenedRow_data();
+    void saveReachesTheOpenedRow();
     void columnLayoutPersistsAndResets();
+    void registerFitsItsWidth_data();
+    void registerFitsItsWidth();
 
 private:
     void key(Qt::Key k, Qt::KeyboardModifiers mods = Qt::NoModifier);
@@ -356,11 +366,13 @@ void TstRegisterScreen::payeeSuggestionAcceptedAndFilledIn()
     key(Qt::Key_Tab); // on to the payee, whose editor opens
     QLineEdit *payee = openLineEditor();
     QVERIFY(payee);
-    type(QStringLiteral("grocer"));
+    type(QStringLiteral("Cor"));
     QAbstractItemView *popup = payee->completer()->popup();
     QTRY_VERIFY(popup->isVisible());
-    popup->setCurrentIndex(popup->model()->index(0, 0)); // the user's Down arrow
+    // The list opens on its first suggestion, with no Down pressed, and the typing left as typed.
     QCOMPARE(popup->currentIndex().data().toString(), QStringLiteral("Corner Grocer"));
+    QCOMPARE(payee->text(), QStringLiteral("Cor"));
+    // The open list holds the keyboard: the key goes to it, as in a real window.
     QTest::keyClick(popup, accept);
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();
@@ -411,6 +423,26 @@ void TstRegisterScreen::fillInRepeatsWhenThePayeeIsLeftAgain()
     key(Qt::Key_Tab); // leaving the payee again brings the last transaction's values back
     QCOMPARE(model->pendingText(RegisterModel::Payment), QStringLiteral("12.34"));
     QCOMPARE(model->pendingText(RegisterModel::Memo), QStringLiteral("weekly shop"));
+}
+
+void TstRegisterScreen::categorySuggestionTakenWithTab()
+{
+    RegisterModel *model = m_screen->model();
+    // What is typed replaces a category already there, as fill-in leaves one.
+    model->setData(model->index(model->newRowIndex(), RegisterModel::Category), QStringLiteral("Rent"));
+    focusNewRow(RegisterModel::Category);
+    key(Qt::Key_Return);
+    auto *combo = qobject_cast<QComboBox *>(m_screen->view()->indexWidget(m_screen->view()->currentIndex()));
+    QVERIFY(combo);
+    type(QStringLiteral("Groc"));
+    QAbstractItemView *popup = combo->completer()->popup();
+    QTRY_VERIFY(popup->isVisible());
+    QTest::keyClick(popup, Qt::Key_Tab);
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    QCOMPARE(model->pendingText(RegisterModel::Category), QStringLiteral("Groceries"));
+    QCOMPARE(model->pendingCategoryId(), m_state->categories()->getByName(QStringLiteral("Groceries"))->id);
+    QCOMPARE(m_screen->view()->currentIndex().column(), int(RegisterModel::Memo));
 }
 
 void TstRegisterScreen::dateKeysInTheRegister_data()
@@ -545,12 +577,108 @@ void TstRegisterScreen::newestFirstEntersAtTheTop()
     QCOMPARE(m_screen->findChild<QLabel *>(QStringLiteral("balanceLabel"))->text(), QStringLiteral("$75.00"));
 }
 
+void TstRegisterScreen::saveReachesTheOpenedRow_data()
+{
+    // The header clicked; -1: a row arrives from elsewhere and the screen reloads.
+    QTest::addColumn<int>("sortBy");
+    QTest::addColumn<QString>("opened");
+    QTest::addColumn<QString>("memo"); // the opened row's memo once saved
+    // The paycheck sits in the middle of every column's order, so that any sort moves it; the screen
+    // opens on the dates in ascending order, with the paycheck newest.
+    for (int column = RegisterModel::Date; column <= RegisterModel::Balance; ++column)
+        QTest::addRow("sort by column %d", column) << column << "pay"
+                                                   << "typed";
+    QTest::newRow("newest first, the oldest open") << int(RegisterModel::Date) << "bonus"
+                                                   << "typed";
+    // A reload returns to a blank buffer and opens the row again from what was read.
+    QTest::newRow("reload") << -1 << "pay"
+                            << "m";
+}
+
+void TstRegisterScreen::saveReachesTheOpenedRow()
+{
+    QFETCH(int, sortBy);
+    QFETCH(QString, opened);
+    QFETCH(QString, memo);
+    struct Row {
+        const char *id;
+        QDate date;
+        const char *check;
+        const char *payee;
+        const char *memo;
+        qint64 amount;
+        int status; // 1 cleared, 2 reconciled
+    };
+    const Row records[] = {
+        {"bonus", QDate(2025, 9,  1),  "",    "Bonus",      "",  500000,  0},
+        {"water", QDate(2025, 10, 1),  "101", "City Water", "a", -100000, 0},
+        {"fund",  QDate(2025, 10, 1),  "102", "Zoo Fund",   "z", -250000, 2},
+        {"pay",   QDate(2025, 11, 18), "100", "Payroll",    "m", 286599,  1},
+    };
+    QList<Transaction> before;
+    int minute = 0;
+    for (const Row &r : records) {
+        Transaction t = Fixtures::transaction(QLatin1String(r.id), QStringLiteral("home"), r.date,
+                                              QLatin1String(r.payee), r.amount, QTime(12, minute++));
+        t.checkNumber = QLatin1String(r.check);
+        t.memo = QLatin1String(r.memo);
+        t.cleared = r.status > 0;
+        t.reconciled = r.status > 1;
+        QVERIFY(m_state->transactions()->insert(t));
+        before << t;
+    }
+    m_screen->refresh();
+    RegisterModel *model = m_screen->model();
+    RegisterTableView *view = m_screen->view();
+    const int row = model->findRowById(opened);
+
+    // Open the row's memo by mouse, type over it, move on, leave the editor with Esc.
+    const QModelIndex memoCell = model->index(row, RegisterModel::Memo);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, view->visualRect(memoCell).center());
+    QVERIFY(openLineEditor());
+    openLineEditor()->selectAll();
+    type(QStringLiteral("typed"));
+    key(Qt::Key_Tab);
+    key(Qt::Key_Escape);
+    QCOMPARE(model->editingRow(), row);
+
+    if (sortBy >= 0) {
+        QHeaderView *header = view->horizontalHeader();
+        QTest::mouseClick(header->viewport(), Qt::LeftButton, {},
+                          QPoint(header->sectionViewportPosition(sortBy) + header->sectionSize(sortBy) / 2,
+                                 header->height() / 2));
+        QCOMPARE(model->sortColumn(), sortBy);
+        QVERIFY(model->findRowById(opened) != row); // the row did move
+    } else {
+        QVERIFY(m_state->transactions()->insert(
+            Fixtures::transaction(QStringLiteral("synced"), QStringLiteral("home"), QDate(2025, 1, 1),
+                                  QStringLiteral("Early"), -1)));
+        m_screen->refresh();
+    }
+    key(Qt::Key_Return, Qt::ControlModifier);
+
+    QList<Transaction> after = rows(QStringLiteral("home"));
+    after.removeIf([](const Transaction &t) { return t.id == QLatin1String("synced"); });
+    QCOMPARE(after.size(), before.size()); // nothing inserted
+    for (const Transaction &was : before) {
+        const auto now = std::find_if(after.cbegin(), after.cend(),
+                                      [&was](const Transaction &t) { return t.id == was.id; });
+        QVERIFY(now != after.cend());
+        QCOMPARE(now->payee, was.payee);
+        QCOMPARE(now->amount, was.amount);
+        QCOMPARE(now->date, was.date);
+        QCOMPARE(now->memo, was.id == opened ? memo : was.memo);
+    }
+}
+
 void TstRegisterScreen::columnLayoutPersistsAndResets()
 {
     QHeaderView *header = m_screen->view()->horizontalHeader();
-    QCOMPARE(header->sectionSize(RegisterModel::Payee), 250);
+    const int viewport = m_screen->view()->viewport()->width();
+    QCOMPARE(header->length(), viewport); // Payee takes what is left
     header->resizeSection(RegisterModel::Payee, 321);
     QCOMPARE(QSettings().value(QStringLiteral("register/colWidth/2")).toInt(), 321);
+    QCOMPARE(header->length(), viewport); // now Memo does
 
     // The header menu is a popup with its own loop: pick the entry once it is up, as a user would.
     const auto toggleFromMenu = [this](const QString &entry) {
@@ -579,10 +707,76 @@ void TstRegisterScreen::columnLayoutPersistsAndResets()
     QVERIFY(!again.view()->isColumnHidden(RegisterModel::Balance));
 
     toggleFromMenu(QStringLiteral("Reset register layout"));
-    QCOMPARE(header->sectionSize(RegisterModel::Payee), 250);
+    QVERIFY(header->sectionSize(RegisterModel::Payee) > 250);
+    QCOMPARE(header->sectionSize(RegisterModel::Memo), 180);
     QVERIFY(!m_screen->view()->isColumnHidden(RegisterModel::Check));
     QVERIFY(!QSettings().contains(QStringLiteral("register/colWidth/2")));
     QVERIFY(!QSettings().contains(QStringLiteral("register/colHidden/1")));
+}
+
+void TstRegisterScreen::registerFitsItsWidth_data()
+{
+    QTest::addColumn<int>("width");
+    QTest::addColumn<bool>("twoLine");
+    QTest::addColumn<int>("fontScale");
+    QTest::addColumn<bool>("fits"); // every column on screen, with no sideways scrolling
+    // 1000 is what the main window leaves the register at its default size.
+    QTest::newRow("default window") << 1000 << false << 100 << true;
+    QTest::newRow("default window, two lines") << 1000 << true << 100 << true;
+    QTest::newRow("default window, large font") << 1000 << false << 150 << true;
+    QTest::newRow("default window, large font, two lines") << 1000 << true << 150 << true;
+    QTest::newRow("narrow") << 560 << false << 100 << false;
+}
+
+void TstRegisterScreen::registerFitsItsWidth()
+{
+    QFETCH(int, width);
+    QFETCH(bool, twoLine);
+    QFETCH(int, fontScale);
+    QFETCH(bool, fits);
+    const QString home = QStringLiteral("home");
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("big"), home, QDate(2026, 1, 1), QStringLiteral("Sale of the house"), 123456789)));
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
+        QStringLiteral("buy"), home, QDate(2026, 1, 2), QStringLiteral("New house"), -234567890)));
+    QVERIFY(m_state->preferences()->setBool(QStringLiteral("registerTwoLine"), twoLine));
+    m_state->themeManager()->setFontScale(fontScale);
+    const auto restoreScale = qScopeGuard([this] { m_state->themeManager()->setFontScale(100); });
+    m_screen->resize(width, 600);
+    m_screen->refresh();
+    QCoreApplication::processEvents();
+
+    RegisterTableView *view = m_screen->view();
+    QHeaderView *header = view->horizontalHeader();
+    const QRect visible = view->viewport()->rect();
+    if (fits) {
+        QCOMPARE(header->length(), visible.width());
+        QVERIFY(header->sectionViewportPosition(RegisterModel::Balance) +
+                    header->sectionSize(RegisterModel::Balance) <=
+                visible.width());
+    }
+    // No figure is cut, whatever the room.
+    const int margins = 2 * (view->style()->pixelMetric(QStyle::PM_FocusFrameHMargin) + 1);
+    for (int row = 0; row < m_screen->model()->rowCount() - 1; ++row) {
+        for (int column : {RegisterModel::Payment, RegisterModel::Deposit, RegisterModel::Balance}) {
+            const QModelIndex cell = m_screen->model()->index(row, column);
+            const QFontMetrics metrics(cell.data(Qt::FontRole).value<QFont>());
+            QVERIFY2(metrics.horizontalAdvance(cell.data().toString()) + margins <= view->columnWidth(column),
+                     qPrintable(cell.data().toString()));
+        }
+    }
+    // Each field the keyboard reaches is on screen while it is edited, with the height it asks for.
+    focusNewRow(RegisterModel::Date);
+    key(Qt::Key_Return);
+    for (int step = 0; step < 7; ++step) {
+        const QString column = QString::number(view->currentIndex().column());
+        QWidget *editor = view->indexWidget(view->currentIndex());
+        QVERIFY2(editor, qPrintable(column));
+        const QRect at(editor->mapTo(view->viewport(), QPoint(0, 0)), editor->size());
+        QVERIFY2(visible.contains(at), qPrintable(column));
+        QVERIFY2(editor->sizeHint().height() <= editor->height(), qPrintable(column));
+        key(Qt::Key_Tab);
+    }
 }
 
 // Settings go to a temporary place so the user's own are never touched.
