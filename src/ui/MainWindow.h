@@ -73,6 +73,7 @@ private:
     bool hasCurrentAccount();
     void showKeyboardShortcuts();
     void showAbout();
+    void queueAccountListRebuild();
     void postDueRecurring();
     void showRecurringDue();
     // Shows a screen in a window of its own, sized once on first use, and brings it to the front.
@@ -92,6 +93,7 @@ private:
     QAction *m_accountAction = nullptr;
     StatusBar *m_statusBar = nullptr;
     QList<QShortcut *> m_accountShortcuts;
+    bool m_accountListRebuildQueued = false;
     RecurringScreen *m_recurringScreen = nullptr;
     ReconciliationHistoryScreen *m_reconciliationHistoryScreen = nullptr;
     SettingsScreen *m_settingsScreen = nullptr;

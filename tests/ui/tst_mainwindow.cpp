@@ -36,6 +36,7 @@ private slots:
     void init();
     void cleanup();
     void listShowsBalancesAndAddsCurrenciesIntoTheTotal();
+    void rowWritesReachTheListOnTheNextTurn();
     void tenAccountsGetAltShortcutsAndTheEleventhNone();
     void draggingAnAccountStoresTheNewOrder();
     void newAccountWritesOneOpeningTransaction_data();
@@ -92,6 +93,7 @@ void TstMainWindow::listShowsBalancesAndAddsCurrenciesIntoTheTotal()
     start({usd, yen});
     QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
         QStringLiteral("t"), QStringLiteral("usd"), QDate(2026, 1, 1), QStringLiteral("Rent"), -12550)));
+    QCoreApplication::processEvents();
 
     auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
     QCOMPARE(list->count(), 2);
@@ -106,6 +108,20 @@ void TstMainWindow::listShowsBalancesAndAddsCurrenciesIntoTheTotal()
     // 5000 yen and -12550 cents added as plain numbers, then shown as dollars.
     QCOMPARE(m_window->findChild<QLabel *>(QStringLiteral("totalLabel"))->text(),
              QStringLiteral("Total: -$75.50"));
+}
+
+// A sync's pull writes row by row behind the window's back; the list follows once, not per row.
+void TstMainWindow::rowWritesReachTheListOnTheNextTurn()
+{
+    start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))});
+    const auto *total = m_window->findChild<QLabel *>(QStringLiteral("totalLabel"));
+    for (int i = 0; i < 20; ++i)
+        QVERIFY(m_state->transactions()->insert(Fixtures::transaction(QStringLiteral("t%1").arg(i),
+                                                                      QStringLiteral("a"), QDate(2026, 1, 2),
+                                                                      QStringLiteral("Pulled"), -100)));
+    QCOMPARE(total->text(), QStringLiteral("Total: $0.00"));
+    QCoreApplication::processEvents();
+    QCOMPARE(total->text(), QStringLiteral("Total: -$20.00"));
 }
 
 void TstMainWindow::tenAccountsGetAltShortcutsAndTheEleventhNone()
