@@ -9,6 +9,7 @@
 
 #include <QDebug>
 #include <QJsonObject>
+#include <QSqlDatabase>
 
 SyncPush::SyncPush(const SyncRepositories &repositories)
     : m_repos(repositories)
@@ -39,6 +40,10 @@ QJsonArray SyncPush::collectPending() const
 SyncPush::Outcome SyncPush::applyResults(const QJsonArray &results) const
 {
     Outcome outcome;
+    // One commit for the batch instead of one per row: each markSynced stands on its own, and a row
+    // whose update fails simply stays pending, so nothing is ever rolled back.
+    QSqlDatabase db = QSqlDatabase::database();
+    const bool batched = db.transaction();
     for (const QJsonValue &value : results) {
         const QJsonObject result = value.toObject();
         const QString status = result.value(QLatin1String("status")).toString();
@@ -64,6 +69,8 @@ SyncPush::Outcome SyncPush::applyResults(const QJsonArray &results) const
         else if (entityType == SyncEntity::Reconciliation)
             m_repos.reconciliations->markSynced(entityId, serverId);
     }
+    if (batched)
+        db.commit();
     if (outcome.failed > 0)
         qWarning().noquote() << "Push batch:" << outcome.ok << "ok," << outcome.failed
                              << "errors — failed records remain pending for next sync";
