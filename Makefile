@@ -1,6 +1,7 @@
 # make run   installs what is missing, builds and starts the program
 # make test  installs what is missing, builds and runs every test
 # make bench installs what is missing, builds and times storage, screens, reports, imports and backups
+# make sync-soak  runs the sync fault simulation for SIM_SEEDS seeds (default 200) from SIM_FIRST_SEED
 # make fuzz  installs clang and libFuzzer, builds the fuzz targets of the import parsers and the backup
 #            archive reader in build-fuzz/ and runs each in turn for FUZZ_SECONDS (default 600)
 BUILD_DIR ?= build
@@ -12,7 +13,7 @@ GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo Ninja || echo "Uni
 LAUNCHER  := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 CONFIGURE  = cmake -S . -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo $(LAUNCHER)
 
-.PHONY: deps build run test sanitize bench fuzz fuzz-build clean
+.PHONY: deps build run test sanitize bench fuzz fuzz-build clean sync-soak
 
 deps:
 	@scripts/install-deps
@@ -34,6 +35,12 @@ test: build
 
 bench: build
 	$(BUILD_DIR)/bench/ombrel_bench
+
+SIM_SEEDS ?= 200
+SIM_FIRST_SEED ?= 1000
+sync-soak: build
+	cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen OMBREL_SIM_SEEDS=$(SIM_SEEDS) \
+	    OMBREL_SIM_FIRST_SEED=$(SIM_FIRST_SEED) tests/tst_syncsimulation -maxwarnings 0
 
 sanitize: deps
 	$(CONFIGURE) -B $(ASAN_DIR) -DOMBREL_SANITIZE=ON

@@ -171,7 +171,8 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
     // Before the list follows every transaction: a long catch-up would rebuild it once per posting.
     postDueRecurring();
 
-    connect(m_state->accounts(), &AccountRepository::accountsChanged, this, &MainWindow::onAccountsChanged);
+    connect(m_state->accounts(), &AccountRepository::accountsChanged, this,
+            &MainWindow::queueAccountListRebuild);
     connect(m_state->transactions(), &TransactionRepository::transactionsChanged, this,
             &MainWindow::onTransactionsChanged);
     connect(m_state->themeManager(), &ThemeManager::themeChanged, this, [this] {
@@ -198,6 +199,22 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
 
     showRecurringDue();
     showInitialPage();
+}
+
+// A pull writes row by row and each write signals; the list is rebuilt once for all of them, when
+// the event loop next turns, instead of once per row.
+void MainWindow::queueAccountListRebuild()
+{
+    if (m_accountListRebuildQueued)
+        return;
+    m_accountListRebuildQueued = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_accountListRebuildQueued = false;
+            onAccountsChanged();
+        },
+        Qt::QueuedConnection);
 }
 
 void MainWindow::postDueRecurring()

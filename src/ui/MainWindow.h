@@ -75,6 +75,7 @@ private:
     bool hasCurrentAccount();
     void showKeyboardShortcuts();
     void showAbout();
+    void queueAccountListRebuild();
     void postDueRecurring();
     void showRecurringDue();
     // Shows a screen in a window of its own, sized once on first use, and brings it to the front.
@@ -101,6 +102,7 @@ private:
     QHash<QString, qint64> m_balances;
     QSet<QString> m_staleBalances;
     bool m_balancesQueued = false;
+    bool m_accountListRebuildQueued = false;
     RecurringScreen *m_recurringScreen = nullptr;
     ReconciliationHistoryScreen *m_reconciliationHistoryScreen = nullptr;
     SettingsScreen *m_settingsScreen = nullptr;

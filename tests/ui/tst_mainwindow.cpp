@@ -37,6 +37,7 @@ private slots:
     void init();
     void cleanup();
     void listShowsBalancesAndAddsCurrenciesIntoTheTotal();
+    void rowWritesReachTheListOnTheNextTurn();
     void tenAccountsGetAltShortcutsAndTheEleventhNone();
     void draggingAnAccountStoresTheNewOrder();
     void newAccountWritesOneOpeningTransaction_data();
@@ -93,6 +94,7 @@ void TstMainWindow::listShowsBalancesAndAddsCurrenciesIntoTheTotal()
     start({usd, yen});
     QVERIFY(m_state->transactions()->insert(Fixtures::transaction(
         QStringLiteral("t"), QStringLiteral("usd"), QDate(2026, 1, 1), QStringLiteral("Rent"), -12550)));
+    QCoreApplication::processEvents();
 
     auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
     QCOMPARE(list->count(), 2);
@@ -123,6 +125,20 @@ void TstMainWindow::listShowsBalancesAndAddsCurrenciesIntoTheTotal()
              QStringLiteral("$174.50"));
     QVERIFY(other);
     QCOMPARE(other->text(), QStringLiteral("¥5,000"));
+}
+
+// A sync's pull writes row by row behind the window's back; the list follows once, not per row.
+void TstMainWindow::rowWritesReachTheListOnTheNextTurn()
+{
+    start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))});
+    const auto *total = m_window->findChild<QLabel *>(QStringLiteral("totalLabel"));
+    for (int i = 0; i < 20; ++i)
+        QVERIFY(m_state->transactions()->insert(Fixtures::transaction(QStringLiteral("t%1").arg(i),
+                                                                      QStringLiteral("a"), QDate(2026, 1, 2),
+                                                                      QStringLiteral("Pulled"), -100)));
+    QCOMPARE(total->text(), QStringLiteral("Total: $0.00"));
+    QCoreApplication::processEvents();
+    QCOMPARE(total->text(), QStringLiteral("Total: -$20.00"));
 }
 
 void TstMainWindow::tenAccountsGetAltShortcutsAndTheEleventhNone()

@@ -1,0 +1,78 @@
+#include "sync/SyncPush.h"
+
+#include "data/AccountRepository.h"
+#include "data/CategoryRepository.h"
+#include "data/ReconciliationRepository.h"
+#include "data/RecurringRepository.h"
+#include "data/TransactionRepository.h"
+#include "sync/SyncPayloads.h"
+
+#include <QDebug>
+#include <QJsonObject>
+#include <QSqlDatabase>
+
+SyncPush::SyncPush(const SyncRepositories &repositories)
+    : m_repos(repositories)
+{
+}
+
+QJsonArray SyncPush::collectPending() const
+{
+    QJsonArray changes;
+    for (const Account &a : m_repos.accounts->getPending())
+        changes.append(
+            changeObject(SyncEntity::Account, a.id, a.version, a.deletedAt.has_value(), accountPayload(a)));
+    for (const Category &c : m_repos.categories->getPending())
+        changes.append(
+            changeObject(SyncEntity::Category, c.id, c.version, c.deletedAt.has_value(), categoryPayload(c)));
+    for (const RecurringTransaction &r : m_repos.recurring->getPending())
+        changes.append(changeObject(SyncEntity::Recurring, r.id, r.version, r.deletedAt.has_value(),
+                                    recurringPayload(r)));
+    for (const Transaction &t : m_repos.transactions->getPending())
+        changes.append(changeObject(SyncEntity::Transaction, t.id, t.version, t.deletedAt.has_value(),
+                                    transactionPayload(t)));
+    for (const Reconciliation &r : m_repos.reconciliations->getPending())
+        changes.append(changeObject(SyncEntity::Reconciliation, r.id, r.version, r.deletedAt.has_value(),
+                                    reconciliationPayload(r)));
+    return changes;
+}
+
+SyncPush::Outcome SyncPush::applyResults(const QJsonArray &results) const
+{
+    Outcome outcome;
+    // One commit for the batch instead of one per row: each markSynced stands on its own, and a row
+    // whose update fails simply stays pending, so nothing is ever rolled back.
+    QSqlDatabase db = QSqlDatabase::database();
+    const bool batched = db.transaction();
+    for (const QJsonValue &value : results) {
+        const QJsonObject result = value.toObject();
+        const QString status = result.value(QLatin1String("status")).toString();
+        const QString entityId = result.value(QLatin1String("entity_id")).toString();
+        const QString serverId = result.value(QLatin1String("server_id")).toString();
+        const QString entityType = result.value(QLatin1String("entity_type")).toString();
+        if (status != QLatin1String("ok")) {
+            ++outcome.failed;
+            qWarning().noquote() << "Push result not ok — leaving record pending:" << entityType << entityId
+                                 << "status=" << status
+                                 << "message=" << result.value(QLatin1String("message")).toString();
+            continue;
+        }
+        ++outcome.ok;
+        if (entityType == SyncEntity::Account)
+            m_repos.accounts->markSynced(entityId, serverId);
+        else if (entityType == SyncEntity::Transaction)
+            m_repos.transactions->markSynced(entityId, serverId);
+        else if (entityType == SyncEntity::Category)
+            m_repos.categories->markSynced(entityId, serverId);
+        else if (entityType == SyncEntity::Recurring)
+            m_repos.recurring->markSynced(entityId, serverId);
+        else if (entityType == SyncEntity::Reconciliation)
+            m_repos.reconciliations->markSynced(entityId, serverId);
+    }
+    if (batched)
+        db.commit();
+    if (outcome.failed > 0)
+        qWarning().noquote() << "Push batch:" << outcome.ok << "ok," << outcome.failed
+                             << "errors — failed records remain pending for next sync";
+    return outcome;
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include "data/AccountRepository.h"
+#include "data/CategoryRepository.h"
+#include "data/Database.h"
+#include "data/PreferencesRepository.h"
+#include "data/ReconciliationRepository.h"
+#include "data/RecurringRepository.h"
+#include "data/TransactionRepository.h"
+#include "sync/AccountSharingService.h"
+#include "sync/SyncEngine.h"
+
+#include <QHash>
+#include <QTemporaryDir>
+#include <QUrl>
+
+#include <memory>
+
+namespace HalcAccount {
+class ApiClient;
+class TokenManager;
+} // namespace HalcAccount
+
+// A user of the reference server, signed up through its sign-up form as a browser would.
+struct ServerUser {
+    QString email;
+    QString accessToken;
+    QString refreshToken;
+};
+// The tokens come back in the query of the redirect to the loopback listener; empty ones on failure.
+ServerUser signUpUser(const QUrl &serverBase, const QString &email);
+
+// One device of a user: a data directory of its own, and while active the program's database,
+// repositories, sync API client and engine on it. The process has one database connection, so one
+// device is active at a time; deactivating is the program closing.
+class SyncDevice {
+public:
+    SyncDevice(const QUrl &syncBase, const ServerUser &user);
+    ~SyncDevice();
+
+    bool activate();
+    void deactivate();
+
+    // One cycle from syncNow to its end; true when it completed, false when it failed or hung.
+    bool sync(int timeoutMs = 30000);
+    // Every row of the five tables as comparable text, one line a row, sorted; which rows and columns
+    // is the caller's choice of WHERE clause per table.
+    QStringList dump(const QString &table, const QString &where = QStringLiteral("1")) const;
+    QVariant scalar(const QString &sql) const;
+
+    Database *database = nullptr;
+    AccountRepository *accounts = nullptr;
+    TransactionRepository *transactions = nullptr;
+    CategoryRepository *categories = nullptr;
+    RecurringRepository *recurring = nullptr;
+    ReconciliationRepository *reconciliations = nullptr;
+    PreferencesRepository *preferences = nullptr;
+    HalcAccount::ApiClient *api = nullptr;
+    SyncEngine *engine = nullptr;
+    AccountSharingService *sharing = nullptr;
+
+private:
+    QTemporaryDir m_dir;
+    QUrl m_syncBase;
+    ServerUser m_user;
+    QHash<QString, QString> m_tokenEntries;
+    std::unique_ptr<QObject> m_root; // parent of everything made by activate, the database last to go
+};
