@@ -64,7 +64,9 @@ bool SecretServiceTokenStore::available()
     if (m_unavailable)
         return false;
     if (!sessionBusConfigured()) {
-        giveUp("connect", QStringLiteral("no session bus"));
+        // A headless machine, not a fault: nothing the user needs to read about.
+        m_unavailable = true;
+        qInfo() << "SecretServiceTokenStore: no session bus - the session is kept in memory only";
         return false;
     }
     return true;

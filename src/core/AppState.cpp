@@ -1,5 +1,10 @@
 #include "core/AppState.h"
 
+#include "account/AccountClient.h"
+#include "account/ApiClient.h"
+#include "account/AuthClient.h"
+#include "account/Client.h"
+#include "core/AppIdentity.h"
 #include "core/DataDirectory.h"
 #include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
@@ -18,10 +23,26 @@
 
 #include <QApplication>
 #include <QDebug>
+#include <QUrl>
 
 namespace {
 const QString kLastViewedAccount = QStringLiteral("lastViewedAccountId");
+
+// The services' addresses; the environment may point the program at others.
+constexpr char kDefaultAuthBaseUrl[] = "https://auth.halcyra.com";
+constexpr char kDefaultAccountApiUrl[] = "https://api.halcyra.com/account/v1";
+constexpr char kDefaultSyncApiUrl[] = "https://api.halcyra.com/ombrel/v1";
+constexpr char kDefaultPortalUrl[] = "https://account.halcyra.com";
+constexpr char kDefaultRealmSlug[] = "halcyra";
+constexpr char kDefaultClientId[] = "0123456789abcdef0123456789abcdef";
+
+// An empty value counts as unset.
+QString environmentOr(const char *name, const char *fallback)
+{
+    const QString value = qEnvironmentVariable(name);
+    return value.isEmpty() ? QString::fromUtf8(fallback) : value;
 }
+} // namespace
 
 AppState::AppState(QObject *parent)
     : QObject(parent)
@@ -53,11 +74,14 @@ bool AppState::initialize()
     m_importService = new ImportService(m_transactions, m_categories, m_splitLines, this);
     m_backupService = new BackupService(m_database, this);
 
+    buildAccountClient();
     applyAppearance();
 
     // On a fresh file this runs before any window exists, in the language chosen at start, so the
     // seeded names and their identifiers follow it.
     m_categoryService->seedDefaultsIfEmpty();
+
+    connectAccountClient();
 
     // Not checked against the accounts: the main window falls back when it no longer exists.
     if (const auto last = m_preferences->get(kLastViewedAccount))
@@ -66,6 +90,56 @@ bool AppState::initialize()
     emit databaseReady();
     return true;
 }
+
+void AppState::buildAccountClient()
+{
+    const QString authUrl = environmentOr("AUTH_BASE_URL", kDefaultAuthBaseUrl);
+    const QString accountUrl = environmentOr("ACCOUNT_API_URL", kDefaultAccountApiUrl);
+    const QString syncUrl = environmentOr("SYNC_API_URL", kDefaultSyncApiUrl);
+    qInfo().noquote() << "Auth:" << authUrl;
+    qInfo().noquote() << "Account:" << accountUrl;
+    qInfo().noquote() << "Sync:" << syncUrl;
+
+    const HalcAccount::ClientConfig config{
+        authUrl,
+        environmentOr("AUTH_REALM_SLUG", kDefaultRealmSlug),
+        accountUrl,
+        environmentOr("AUTH_CLIENT_ID", kDefaultClientId),
+        QString::fromUtf8(AppIdentity::kApplicationIdentifier),
+        QString::fromUtf8(AppIdentity::kDisplayName),
+        QCoreApplication::applicationVersion(),
+        QString(),
+        environmentOr("ACCOUNT_PORTAL_URL", kDefaultPortalUrl),
+    };
+    m_accountClient = new HalcAccount::Client(config, this);
+    m_accountClient->syncApiClient()->setBaseUrl(QUrl(syncUrl));
+}
+
+// Nothing here goes to the network for a user who never signed in: with no stored session the
+// client is signed out at once.
+void AppState::connectAccountClient()
+{
+    m_accountClient->initialize();
+
+    HalcAccount::AuthClient *auth = m_accountClient->authClient();
+    connect(auth, &HalcAccount::AuthClient::loginSucceeded, this, [this] {
+        m_accountClient->accountClient()->registerDevice();
+        qInfo() << "loginSucceeded: starting auto-sync + immediate sync";
+        startAutoSync();
+    });
+
+    if (auth->isAuthenticated()) {
+        auth->refreshToken([this](bool ok) {
+            qInfo() << "Startup token refresh:" << (ok ? "ok" : "failed");
+            if (!ok)
+                return;
+            qInfo() << "Startup: starting auto-sync + immediate sync";
+            startAutoSync();
+        });
+    }
+}
+
+void AppState::startAutoSync() {}
 
 void AppState::applyAppearance()
 {

@@ -18,6 +18,10 @@ class SplitLineRepository;
 class ThemeManager;
 class TransactionRepository;
 
+namespace HalcAccount {
+class Client;
+}
+
 // The composition root: owns the database and everything built on it, and is handed to every screen.
 // Its objects are children of it, so they are destroyed in the order they were made, the database first.
 class AppState : public QObject {
@@ -42,6 +46,7 @@ public:
     ReportService *reportService() const { return m_reportService; }
     ImportService *importService() const { return m_importService; }
     BackupService *backupService() const { return m_backupService; }
+    HalcAccount::Client *accountClient() const { return m_accountClient; }
     ThemeManager *themeManager() const { return m_themeManager; }
 
     QString currentAccountId() const { return m_currentAccountId; }
@@ -53,7 +58,11 @@ signals:
     void databaseReady();
 
 private:
+    void buildAccountClient();
+    void connectAccountClient();
     void applyAppearance();
+    // Where signing in hands over to the sync engine: its auto-sync timer and a first cycle.
+    void startAutoSync();
 
     Database *m_database = nullptr;
     AccountRepository *m_accounts = nullptr;
@@ -68,6 +77,7 @@ private:
     ReportService *m_reportService = nullptr;
     ImportService *m_importService = nullptr;
     BackupService *m_backupService = nullptr;
+    HalcAccount::Client *m_accountClient = nullptr;
     ThemeManager *m_themeManager = nullptr;
     QString m_currentAccountId;
 };

@@ -1,5 +1,7 @@
 #include "ui/MainWindow.h"
 
+#include "account/AuthClient.h"
+#include "account/Client.h"
 #include "core/AppIdentity.h"
 #include "core/AppState.h"
 #include "core/Money.h"
@@ -41,6 +43,7 @@
 #include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPointer>
 #include <QPushButton>
 #include <QSettings>
 #include <QShortcut>
@@ -165,6 +168,7 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
     setStatusBar(m_statusBar);
     m_statusBar->refreshColors();
 
+    connectSignIn();
     updateAuthUI();
 
     onAccountsChanged();
@@ -639,17 +643,66 @@ void MainWindow::showInitialPage()
     showNoAccountPage();
 }
 
-// Signing in arrives with the account client; until then every user is signed out.
 void MainWindow::showNoAccountPage()
 {
-    m_stack->setCurrentWidget(m_welcomePage);
+    m_stack->setCurrentWidget(isSignedIn() ? m_emptyPage : m_welcomePage);
+}
+
+bool MainWindow::isSignedIn() const
+{
+    return m_state->accountClient()->isAuthenticated();
+}
+
+void MainWindow::connectSignIn()
+{
+    HalcAccount::AuthClient *auth = m_state->accountClient()->authClient();
+    connect(auth, &HalcAccount::AuthClient::stateChanged, this, &MainWindow::updateAuthUI);
+    connect(auth, &HalcAccount::AuthClient::loginSucceeded, this,
+            [this] { m_statusBar->showTimedMessage(tr("Signed in successfully"), kStatusShort); });
+    connect(auth, &HalcAccount::AuthClient::loginFailed, this, [this](const QString &error) {
+        m_statusBar->showTimedMessage(tr("Sign-in failed: %1").arg(error), kStatusLong);
+    });
+    connect(m_welcomePage, &WelcomeScreen::signInRequested, auth, &HalcAccount::AuthClient::login);
+    connect(m_welcomePage, &WelcomeScreen::learnMoreRequested, auth, &HalcAccount::AuthClient::login);
+    connect(m_accountAction, &QAction::triggered, this, [this] { showHalcyraAccountScreen(); });
+    connect(m_signOutAction, &QAction::triggered, auth, &HalcAccount::AuthClient::logout);
 }
 
 void MainWindow::updateAuthUI()
 {
-    m_signOutAction->setVisible(false);
-    m_accountAction->setStatusTip(tr("Sign in or sign up"));
-    m_statusBar->setSyncText(tr("Not signed in"));
+    const bool signedIn = isSignedIn();
+    m_signOutAction->setVisible(signedIn);
+    m_accountAction->setStatusTip(signedIn ? tr("Manage your account") : tr("Sign in or sign up"));
+    if (!signedIn) {
+        m_statusBar->setSyncText(tr("Not signed in"));
+        return;
+    }
+    // The text of the sync engine's first state; the engine keeps the label up to date from here.
+    m_statusBar->setSyncText(tr("Synced"));
+    if (m_stack->currentWidget() != m_welcomePage)
+        return;
+    const QString current = m_state->currentAccountId();
+    if (!current.isEmpty() && m_state->accounts()->getById(current))
+        selectAccount(current);
+    else
+        m_stack->setCurrentWidget(m_emptyPage);
+}
+
+// Signed in, the account screen takes this place; until it exists, a box names who is signed in.
+void MainWindow::showHalcyraAccountScreen()
+{
+    HalcAccount::AuthClient *auth = m_state->accountClient()->authClient();
+    if (!isSignedIn()) {
+        auth->login();
+        return;
+    }
+    QPointer<MainWindow> self(this);
+    auth->fetchCurrentUser([self](const HalcAccount::User &user) {
+        if (!self)
+            return;
+        Prompt::information(self, tr("Halcyra Account"),
+                            tr("Signed in as %1\n%2").arg(user.displayName, user.email));
+    });
 }
 
 bool MainWindow::hasCurrentAccount()
@@ -830,7 +883,13 @@ void MainWindow::showShareAccountDialog()
 {
     if (!hasCurrentAccount())
         return;
-    Prompt::information(this, tr("Sign In Required"), tr("Sharing requires a Halcyra account."));
+    if (!isSignedIn()) {
+        if (Prompt::offer(this, tr("Sign In Required"), tr("Sharing requires a Halcyra account."),
+                          tr("Learn More")))
+            showHalcyraAccountScreen();
+        return;
+    }
+    // Signed in, the share members dialog opens here.
 }
 
 void MainWindow::onAccountContextMenu(const QPoint &pos)

@@ -59,6 +59,7 @@ public slots:
     void onAccountContextMenu(const QPoint &pos);
     void deleteAccount(const QString &accountId);
     void deleteCurrentAccount();
+    void showHalcyraAccountScreen();
 
 protected:
     void closeEvent(QCloseEvent *event) override;
@@ -67,6 +68,8 @@ private:
     void setupMenuBar();
     void setupAccountList();
     void updateAuthUI();
+    void connectSignIn();
+    bool isSignedIn() const;
     QWidget *buildEmptyPage();
     void rebuildListStyle();
     void rebuildShortcuts();

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QList>
+#include <QPushButton>
 
 namespace {
 
@@ -72,6 +73,18 @@ void Prompt::information(QWidget *parent, const QString &title, const QString &t
     if (takeScripted(title, text, &answer))
         return;
     QMessageBox::information(parent, title, text);
+}
+
+bool Prompt::offer(QWidget *parent, const QString &title, const QString &text, const QString &acceptText)
+{
+    QMessageBox::StandardButton answer;
+    if (takeScripted(title, text, &answer))
+        return answer != QMessageBox::Cancel;
+    QMessageBox box(QMessageBox::Information, title, text, QMessageBox::Cancel, parent);
+    QPushButton *accept = box.addButton(acceptText, QMessageBox::AcceptRole);
+    box.setDefaultButton(accept);
+    box.exec();
+    return box.clickedButton() == accept;
 }
 
 void Prompt::about(QWidget *parent, const QString &title, const QString &text)

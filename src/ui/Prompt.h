@@ -24,6 +24,9 @@ public:
                                                QMessageBox::StandardButton defaultButton);
     static void information(QWidget *parent, const QString &title, const QString &text);
     static void about(QWidget *parent, const QString &title, const QString &text);
+    // An information box offering one way on (acceptText, the default) or Cancel; true when taken.
+    // A scripted answer other than Cancel takes it.
+    static bool offer(QWidget *parent, const QString &title, const QString &text, const QString &acceptText);
     // Runs a form modally and gives its result code.
     static int exec(QDialog *dialog);
     // The save dialog, proposing name; an empty result means the user cancelled.

@@ -1,3 +1,5 @@
+#include "account/AuthClient.h"
+#include "account/Client.h"
 #include "core/AppState.h"
 #include "core/Dates.h"
 #include "data/AccountRepository.h"
@@ -6,6 +8,8 @@
 #include "data/TransactionRepository.h"
 #include "services/RecurringService.h"
 #include "support/Fixtures.h"
+#include "support/Jwt.h"
+#include "support/ScriptedServer.h"
 #include "ui/MainWindow.h"
 #include "ui/Prompt.h"
 #include "ui/ReconciliationScreen.h"
@@ -15,6 +19,7 @@
 #include "ui/register/RegisterScreen.h"
 
 #include <QApplication>
+#include <QDesktopServices>
 #include <QDialog>
 #include <QDoubleSpinBox>
 #include <QLabel>
@@ -25,15 +30,35 @@
 #include <QPushButton>
 #include <QShortcut>
 #include <QStatusBar>
+#include <QTcpSocket>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QUrlQuery>
 
 #include <memory>
 #include <tuple>
 
+// Stands in for the system browser: the login page signs in at once and sends the tokens back.
+class Browser : public QObject {
+    Q_OBJECT
+public:
+    QList<QUrl> opened;
+public slots:
+    void open(const QUrl &url)
+    {
+        opened.append(url);
+        const QUrl redirect(QUrlQuery(url).queryItemValue("redirect_uri", QUrl::FullyDecoded));
+        auto *socket = new QTcpSocket(this);
+        socket->connectToHost(QHostAddress::LocalHost, quint16(redirect.port()));
+        socket->write("GET /callback?access_token=" + jwt(600).toUtf8() +
+                      "&refresh_token=r1 HTTP/1.1\r\n\r\n");
+    }
+};
+
 class TstMainWindow : public QObject {
     Q_OBJECT
 private slots:
+    void initTestCase();
     void init();
     void cleanup();
     void listShowsBalancesAndAddsCurrenciesIntoTheTotal();
@@ -54,6 +79,9 @@ private slots:
     void restoreInPreferencesReloadsTheList();
     void screensOpenOnceInWindowsOfTheirOwn_data();
     void screensOpenOnceInWindowsOfTheirOwn();
+    void signInFromTheWelcomePageAndOut();
+    void sharingAsksToSignInFirst_data();
+    void sharingAsksToSignInFirst();
 
 private:
     // A fresh data directory, AppState and window; accounts are added before the window is built.
@@ -63,7 +91,20 @@ private:
     int m_run = 0;
     std::unique_ptr<AppState> m_state;
     std::unique_ptr<MainWindow> m_window;
+    ScriptedServer m_server;
+    Browser m_browser;
 };
+
+// Every service the program talks to is this process's server, and the browser is the stand-in.
+void TstMainWindow::initTestCase()
+{
+    QVERIFY(m_server.listen());
+    const QByteArray base = m_server.baseUrl().toEncoded();
+    qputenv("AUTH_BASE_URL", base + "/auth");
+    qputenv("ACCOUNT_API_URL", base + "/account/v1");
+    qputenv("SYNC_API_URL", base + "/ombrel/v1");
+    QDesktopServices::setUrlHandler(QStringLiteral("http"), &m_browser, "open");
+}
 
 void TstMainWindow::init()
 {
@@ -492,6 +533,58 @@ void TstMainWindow::screensOpenOnceInWindowsOfTheirOwn()
     QCOMPARE(windows(), QList<QWidget *>({screen}));
     QVERIFY(!screen->isMinimized());
     QCOMPARE(screen->size(), size + QSize(10, 10));
+}
+
+void TstMainWindow::signInFromTheWelcomePageAndOut()
+{
+    m_server.clear();
+    start();
+    QCOMPARE(m_window->currentPage(), m_window->welcomePage());
+    QAction *signOut = nullptr;
+    for (QAction *action : m_window->findChildren<QAction *>())
+        if (action->text() == QStringLiteral("Sign &Out"))
+            signOut = action;
+    QVERIFY(signOut && !signOut->isVisible());
+    // A user who never signs in causes no request at all.
+    QVERIFY(m_server.requests().isEmpty());
+
+    for (QPushButton *button : m_window->welcomePage()->findChildren<QPushButton *>())
+        if (button->text() == QStringLiteral("Already have an account? Sign In"))
+            QTest::mouseClick(button, Qt::LeftButton);
+    QTRY_COMPARE_WITH_TIMEOUT(m_window->currentPage(), m_window->emptyPage(), 5000);
+    QVERIFY(signOut->isVisible());
+    QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("Signed in successfully"));
+    QTRY_COMPARE_WITH_TIMEOUT(m_server.requests().size(), 1, 5000);
+    QCOMPARE(m_server.requests().first().path, QStringLiteral("/account/v1/devices/register"));
+
+    signOut->trigger();
+    QVERIFY(!signOut->isVisible());
+    QVERIFY(!m_state->accountClient()->isAuthenticated());
+    QTRY_COMPARE_WITH_TIMEOUT(m_server.requests().size(), 2, 5000);
+    QCOMPARE(m_server.requests().last().path, QStringLiteral("/auth/api/v1/realms/halcyra/auth/logout"));
+}
+
+void TstMainWindow::sharingAsksToSignInFirst_data()
+{
+    QTest::addColumn<QMessageBox::StandardButton>("answer");
+    QTest::addColumn<int>("browserOpened");
+    QTest::newRow("learn more") << QMessageBox::Ok << 1;
+    QTest::newRow("cancel") << QMessageBox::Cancel << 0;
+}
+
+void TstMainWindow::sharingAsksToSignInFirst()
+{
+    QFETCH(QMessageBox::StandardButton, answer);
+    QFETCH(int, browserOpened);
+    m_browser.opened.clear();
+    start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))});
+    Prompt::setNextAnswer(answer);
+    m_window->showShareAccountDialog();
+    QCOMPARE(Prompt::lastTitle(), QStringLiteral("Sign In Required"));
+    QCOMPARE(Prompt::lastText(), QStringLiteral("Sharing requires a Halcyra account."));
+    QCOMPARE(m_browser.opened.size(), browserOpened);
+    if (browserOpened)
+        QVERIFY(m_browser.opened.first().path().endsWith("/auth/halcyra/account/login"));
 }
 
 // Settings and data go to temporary places so the user's own are never touched.

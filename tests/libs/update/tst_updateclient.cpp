@@ -141,4 +141,4 @@ void TstClient::secondCheckWhileInFlightIsIgnored()
 }
 
 QTEST_GUILESS_MAIN(TstClient)
-#include "tst_client.moc"
+#include "tst_updateclient.moc"
