@@ -19,7 +19,7 @@
 
 namespace {
 
-const QStringList kTranslatedLanguages = {QStringLiteral("es")};
+const QStringList kTranslatedLanguages = {QStringLiteral("es"), QStringLiteral("de")};
 
 QString catalogue(const QString &language)
 {
@@ -215,6 +215,9 @@ void TstTranslations::knownStringsTranslate_data()
     QTest::newRow("es reconcile")   << "es" << "RegisterScreen"  << "Reconcile"    << -1 << "Conciliar";
     QTest::newRow("es plural one")  << "es" << "StatusBar"       << "%n account(s)" << 1 << "1 cuenta";
     QTest::newRow("es plural many") << "es" << "StatusBar"       << "%n account(s)" << 3 << "3 cuentas";
+    QTest::newRow("de reconcile")   << "de" << "RegisterScreen"  << "Reconcile"    << -1 << "Abgleichen";
+    QTest::newRow("de menu")        << "de" << "MainWindow"      << "&File"        << -1 << "&Datei";
+    QTest::newRow("de plural many") << "de" << "StatusBar"       << "%n account(s)" << 2 << "2 Konten";
     // clang-format on
     // clang-format off
     // clang-format on
