@@ -19,7 +19,7 @@
 
 namespace {
 
-const QStringList kTranslatedLanguages = {QStringLiteral("es"), QStringLiteral("de")};
+const QStringList kTranslatedLanguages = {QStringLiteral("es"), QStringLiteral("de"), QStringLiteral("fr")};
 
 QString catalogue(const QString &language)
 {
@@ -218,6 +218,8 @@ void TstTranslations::knownStringsTranslate_data()
     QTest::newRow("de reconcile")   << "de" << "RegisterScreen"  << "Reconcile"    << -1 << "Abgleichen";
     QTest::newRow("de menu")        << "de" << "MainWindow"      << "&File"        << -1 << "&Datei";
     QTest::newRow("de plural many") << "de" << "StatusBar"       << "%n account(s)" << 2 << "2 Konten";
+    QTest::newRow("fr reconcile")   << "fr" << "RegisterScreen"  << "Reconcile"    << -1 << "Rapprocher";
+    QTest::newRow("fr zero is one") << "fr" << "StatusBar"       << "%n account(s)" << 0 << "0 compte";
     // clang-format on
     // clang-format off
     // clang-format on
