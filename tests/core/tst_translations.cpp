@@ -19,7 +19,8 @@
 
 namespace {
 
-const QStringList kTranslatedLanguages = {QStringLiteral("es"), QStringLiteral("de"), QStringLiteral("fr")};
+const QStringList kTranslatedLanguages = {QStringLiteral("es"), QStringLiteral("de"), QStringLiteral("fr"),
+                                          QStringLiteral("ja")};
 
 QString catalogue(const QString &language)
 {
@@ -220,6 +221,8 @@ void TstTranslations::knownStringsTranslate_data()
     QTest::newRow("de plural many") << "de" << "StatusBar"       << "%n account(s)" << 2 << "2 Konten";
     QTest::newRow("fr reconcile")   << "fr" << "RegisterScreen"  << "Reconcile"    << -1 << "Rapprocher";
     QTest::newRow("fr zero is one") << "fr" << "StatusBar"       << "%n account(s)" << 0 << "0 compte";
+    QTest::newRow("ja reconcile")   << "ja" << "RegisterScreen"  << "Reconcile"    << -1 << "照合";
+    QTest::newRow("ja one form")    << "ja" << "StatusBar"       << "%n account(s)" << 5 << "5 口座";
     // clang-format on
     // clang-format off
     // clang-format on
