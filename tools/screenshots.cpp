@@ -1,9 +1,11 @@
-// Renders each page in the light and dark theme at the normal and a large font scale, one PNG each:
-//   QT_QPA_PLATFORM=offscreen ombrel_screenshots <output directory>
+// Renders each page in the light and dark theme at the normal and a large font scale, one PNG each,
+// in English or in one of the program's languages:
+//   QT_QPA_PLATFORM=offscreen ombrel_screenshots <output directory> [en|es|de|fr|ja]
 
 #include "core/AppIdentity.h"
 #include "core/AppState.h"
 #include "core/Dates.h"
+#include "core/Language.h"
 #include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
 #include "data/CategoryRepository.h"
@@ -38,6 +40,7 @@
 #include <QFile>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -47,6 +50,7 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTranslator>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -246,7 +250,9 @@ void categoriseRows()
     };
     for (Transaction t : g_state->transactions()->getByAccount(QStringLiteral("acc-0"))) {
         for (const auto &[payee, category] : byPayee) {
-            const auto found = g_state->categories()->getByName(QString::fromUtf8(category));
+            // The default categories were seeded in the language being rendered.
+            const auto found =
+                g_state->categories()->getByName(QCoreApplication::translate("CategoryService", category));
             if (t.payee == QString::fromUtf8(payee) && found) {
                 t.categoryId = found->id;
                 g_state->transactions()->update(t);
@@ -288,8 +294,9 @@ QWidget *categoriesPage()
 {
     auto *screen = new CategoriesScreen(g_state);
     QTreeView *tree = screen->view();
-    const QModelIndexList found = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole,
-                                                       QStringLiteral("Housing"), 1, Qt::MatchExactly);
+    const QModelIndexList found =
+        tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole,
+                             QCoreApplication::translate("CategoryService", "Housing"), 1, Qt::MatchExactly);
     if (!found.isEmpty()) {
         tree->expand(found.first());
         tree->setCurrentIndex(tree->model()->index(0, 0, found.first()));
@@ -317,7 +324,8 @@ QWidget *accountForm()
 
 QWidget *subcategoryForm()
 {
-    return new CategoryFormDialog(QStringLiteral("p"), QStringLiteral("Housing"));
+    return new CategoryFormDialog(QStringLiteral("p"),
+                                  QCoreApplication::translate("CategoryService", "Housing"));
 }
 
 QWidget *recurringForm()
@@ -460,9 +468,24 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QTextStream err(stderr);
     if (argc < 2) {
-        err << "usage: ombrel_screenshots <output directory>\n";
+        err << "usage: ombrel_screenshots <output directory> [en|es|de|fr|ja]\n";
         return 2;
     }
+    const QString language = argc > 2 ? QString::fromLocal8Bit(argv[2]) : QStringLiteral("en");
+    if (!supportedLanguages().contains(language)) {
+        err << "unknown language " << language << "\n";
+        return 2;
+    }
+    // As the program does at start, and before anything is built: the default categories are seeded
+    // in this language. The locale follows, so that money and dates look as they would to that user.
+    QLocale::setDefault(QLocale(language));
+    QTranslator qtTranslator;
+    QTranslator appTranslator;
+    if (qtTranslator.load(QLocale(language), QStringLiteral("qtbase"), QStringLiteral("_"),
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&qtTranslator);
+    if (appTranslator.load(QStringLiteral(":/i18n/ombrel_%1.qm").arg(language)))
+        QCoreApplication::installTranslator(&appTranslator);
     const QDir out(QString::fromLocal8Bit(argv[1]));
     if (!QDir().mkpath(out.path())) {
         err << "cannot create " << out.path() << "\n";
@@ -498,9 +521,9 @@ int main(int argc, char *argv[])
         for (const int scale : {100, 150}) {
             theme.setFontScale(scale);
             for (const Page &page : kPages) {
-                const QString path = out.filePath(QStringLiteral("%1-%2-%3.png")
-                                                      .arg(QLatin1String(page.name), QLatin1String(themeName))
-                                                      .arg(scale));
+                const QString path = out.filePath(QStringLiteral("%1-%2-%3-%4.png")
+                                                      .arg(QLatin1String(page.name), QLatin1String(themeName),
+                                                           QString::number(scale), language));
                 if (!render(page, path)) {
                     err << "cannot write " << path << "\n";
                     ++failures;

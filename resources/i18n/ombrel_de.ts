@@ -322,6 +322,142 @@ Bitte prüfen Sie die Dateiberechtigungen und versuchen Sie es erneut.</translat
         <source>Gifts</source>
         <translation>Geschenke</translation>
     </message>
+    <message>
+        <source>Charitable Donations</source>
+        <translation>Spenden</translation>
+    </message>
+    <message>
+        <source>Medical Expenses</source>
+        <translation>Krankheitskosten</translation>
+    </message>
+    <message>
+        <source>Business Expenses</source>
+        <translation>Betriebsausgaben</translation>
+    </message>
+    <message>
+        <source>Home Office</source>
+        <translation>Arbeitszimmer</translation>
+    </message>
+    <message>
+        <source>Education Expenses</source>
+        <translation>Bildungskosten</translation>
+    </message>
+    <message>
+        <source>State &amp; Local Taxes</source>
+        <translation>Landes- &amp; Gemeindesteuern</translation>
+    </message>
+    <message>
+        <source>Mortgage Interest</source>
+        <translation>Hypothekenzinsen</translation>
+    </message>
+    <message>
+        <source>Property Tax</source>
+        <translation>Grundsteuer</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>Instandhaltung</translation>
+    </message>
+    <message>
+        <source>HOA</source>
+        <translation>Hausgeld</translation>
+    </message>
+    <message>
+        <source>Gas</source>
+        <translation>Gas</translation>
+    </message>
+    <message>
+        <source>Internet</source>
+        <translation>Internet</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Telefon</translation>
+    </message>
+    <message>
+        <source>Car Payment</source>
+        <translation>Autokredit</translation>
+    </message>
+    <message>
+        <source>Auto Insurance</source>
+        <translation>Kfz-Versicherung</translation>
+    </message>
+    <message>
+        <source>Public Transit</source>
+        <translation>ÖPNV</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>Sonstiges</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <translation>Veranstaltungen</translation>
+    </message>
+    <message>
+        <source>Electronics</source>
+        <translation>Elektronik</translation>
+    </message>
+    <message>
+        <source>Insurance</source>
+        <translation>Versicherungen</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>Krankenversicherung</translation>
+    </message>
+    <message>
+        <source>Life</source>
+        <translation>Lebensversicherung</translation>
+    </message>
+    <message>
+        <source>Home/Renters</source>
+        <translation>Hausrat/Wohngebäude</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Kfz</translation>
+    </message>
+    <message>
+        <source>Fees &amp; Charges</source>
+        <translation>Gebühren</translation>
+    </message>
+    <message>
+        <source>Bank Fees</source>
+        <translation>Bankgebühren</translation>
+    </message>
+    <message>
+        <source>ATM Fees</source>
+        <translation>Geldautomatengebühren</translation>
+    </message>
+    <message>
+        <source>Late Fees</source>
+        <translation>Säumnisgebühren</translation>
+    </message>
+    <message>
+        <source>Dividend Income</source>
+        <translation>Dividenden</translation>
+    </message>
+    <message>
+        <source>Rental Income</source>
+        <translation>Mieteinnahmen</translation>
+    </message>
+    <message>
+        <source>Freelance / Consulting</source>
+        <translation>Freiberuflich / Beratung</translation>
+    </message>
+    <message>
+        <source>Refunds</source>
+        <translation>Erstattungen</translation>
+    </message>
+    <message>
+        <source>Gifts Received</source>
+        <translation>Erhaltene Geschenke</translation>
+    </message>
+    <message>
+        <source>Other Income</source>
+        <translation>Sonstige Einnahmen</translation>
+    </message>
 </context>
 <context>
     <name>CategoryTreeModel</name>

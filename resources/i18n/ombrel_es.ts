@@ -322,6 +322,142 @@ Compruebe los permisos de los archivos e inténtelo de nuevo.</translation>
         <source>Gifts</source>
         <translation>Regalos</translation>
     </message>
+    <message>
+        <source>Charitable Donations</source>
+        <translation>Donativos</translation>
+    </message>
+    <message>
+        <source>Medical Expenses</source>
+        <translation>Gastos médicos</translation>
+    </message>
+    <message>
+        <source>Business Expenses</source>
+        <translation>Gastos profesionales</translation>
+    </message>
+    <message>
+        <source>Home Office</source>
+        <translation>Oficina en casa</translation>
+    </message>
+    <message>
+        <source>Education Expenses</source>
+        <translation>Gastos de formación</translation>
+    </message>
+    <message>
+        <source>State &amp; Local Taxes</source>
+        <translation>Impuestos autonómicos y locales</translation>
+    </message>
+    <message>
+        <source>Mortgage Interest</source>
+        <translation>Intereses hipotecarios</translation>
+    </message>
+    <message>
+        <source>Property Tax</source>
+        <translation>Impuesto sobre bienes inmuebles</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>Mantenimiento</translation>
+    </message>
+    <message>
+        <source>HOA</source>
+        <translation>Comunidad de propietarios</translation>
+    </message>
+    <message>
+        <source>Gas</source>
+        <translation>Gas</translation>
+    </message>
+    <message>
+        <source>Internet</source>
+        <translation>Internet</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Teléfono</translation>
+    </message>
+    <message>
+        <source>Car Payment</source>
+        <translation>Cuota del coche</translation>
+    </message>
+    <message>
+        <source>Auto Insurance</source>
+        <translation>Seguro del coche</translation>
+    </message>
+    <message>
+        <source>Public Transit</source>
+        <translation>Transporte público</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>Varios</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <translation>Eventos</translation>
+    </message>
+    <message>
+        <source>Electronics</source>
+        <translation>Electrónica</translation>
+    </message>
+    <message>
+        <source>Insurance</source>
+        <translation>Seguros</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>Salud</translation>
+    </message>
+    <message>
+        <source>Life</source>
+        <translation>Vida</translation>
+    </message>
+    <message>
+        <source>Home/Renters</source>
+        <translation>Hogar/Alquiler</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Coche</translation>
+    </message>
+    <message>
+        <source>Fees &amp; Charges</source>
+        <translation>Comisiones y cargos</translation>
+    </message>
+    <message>
+        <source>Bank Fees</source>
+        <translation>Comisiones bancarias</translation>
+    </message>
+    <message>
+        <source>ATM Fees</source>
+        <translation>Comisiones de cajero</translation>
+    </message>
+    <message>
+        <source>Late Fees</source>
+        <translation>Recargos por demora</translation>
+    </message>
+    <message>
+        <source>Dividend Income</source>
+        <translation>Dividendos</translation>
+    </message>
+    <message>
+        <source>Rental Income</source>
+        <translation>Ingresos por alquiler</translation>
+    </message>
+    <message>
+        <source>Freelance / Consulting</source>
+        <translation>Autónomo / Consultoría</translation>
+    </message>
+    <message>
+        <source>Refunds</source>
+        <translation>Reembolsos</translation>
+    </message>
+    <message>
+        <source>Gifts Received</source>
+        <translation>Regalos recibidos</translation>
+    </message>
+    <message>
+        <source>Other Income</source>
+        <translation>Otros ingresos</translation>
+    </message>
 </context>
 <context>
     <name>CategoryTreeModel</name>

@@ -322,6 +322,142 @@ Vérifiez les droits d&apos;accès aux fichiers et réessayez.</translation>
         <source>Gifts</source>
         <translation>Cadeaux</translation>
     </message>
+    <message>
+        <source>Charitable Donations</source>
+        <translation>Dons</translation>
+    </message>
+    <message>
+        <source>Medical Expenses</source>
+        <translation>Frais médicaux</translation>
+    </message>
+    <message>
+        <source>Business Expenses</source>
+        <translation>Frais professionnels</translation>
+    </message>
+    <message>
+        <source>Home Office</source>
+        <translation>Bureau à domicile</translation>
+    </message>
+    <message>
+        <source>Education Expenses</source>
+        <translation>Frais de scolarité</translation>
+    </message>
+    <message>
+        <source>State &amp; Local Taxes</source>
+        <translation>Impôts locaux</translation>
+    </message>
+    <message>
+        <source>Mortgage Interest</source>
+        <translation>Intérêts d&apos;emprunt</translation>
+    </message>
+    <message>
+        <source>Property Tax</source>
+        <translation>Taxe foncière</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>Entretien</translation>
+    </message>
+    <message>
+        <source>HOA</source>
+        <translation>Charges de copropriété</translation>
+    </message>
+    <message>
+        <source>Gas</source>
+        <translation>Gaz</translation>
+    </message>
+    <message>
+        <source>Internet</source>
+        <translation>Internet</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>Téléphone</translation>
+    </message>
+    <message>
+        <source>Car Payment</source>
+        <translation>Crédit auto</translation>
+    </message>
+    <message>
+        <source>Auto Insurance</source>
+        <translation>Assurance auto</translation>
+    </message>
+    <message>
+        <source>Public Transit</source>
+        <translation>Transports en commun</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>Divers</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <translation>Sorties</translation>
+    </message>
+    <message>
+        <source>Electronics</source>
+        <translation>Électronique</translation>
+    </message>
+    <message>
+        <source>Insurance</source>
+        <translation>Assurances</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>Santé</translation>
+    </message>
+    <message>
+        <source>Life</source>
+        <translation>Vie</translation>
+    </message>
+    <message>
+        <source>Home/Renters</source>
+        <translation>Habitation</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>Auto</translation>
+    </message>
+    <message>
+        <source>Fees &amp; Charges</source>
+        <translation>Frais et commissions</translation>
+    </message>
+    <message>
+        <source>Bank Fees</source>
+        <translation>Frais bancaires</translation>
+    </message>
+    <message>
+        <source>ATM Fees</source>
+        <translation>Frais de retrait</translation>
+    </message>
+    <message>
+        <source>Late Fees</source>
+        <translation>Pénalités de retard</translation>
+    </message>
+    <message>
+        <source>Dividend Income</source>
+        <translation>Dividendes</translation>
+    </message>
+    <message>
+        <source>Rental Income</source>
+        <translation>Revenus locatifs</translation>
+    </message>
+    <message>
+        <source>Freelance / Consulting</source>
+        <translation>Indépendant / Conseil</translation>
+    </message>
+    <message>
+        <source>Refunds</source>
+        <translation>Remboursements</translation>
+    </message>
+    <message>
+        <source>Gifts Received</source>
+        <translation>Cadeaux reçus</translation>
+    </message>
+    <message>
+        <source>Other Income</source>
+        <translation>Autres revenus</translation>
+    </message>
 </context>
 <context>
     <name>CategoryTreeModel</name>

@@ -322,6 +322,142 @@ Please check file permissions and try again.</source>
         <source>Gifts</source>
         <translation>贈り物</translation>
     </message>
+    <message>
+        <source>Charitable Donations</source>
+        <translation>寄付金</translation>
+    </message>
+    <message>
+        <source>Medical Expenses</source>
+        <translation>医療費</translation>
+    </message>
+    <message>
+        <source>Business Expenses</source>
+        <translation>事業経費</translation>
+    </message>
+    <message>
+        <source>Home Office</source>
+        <translation>在宅勤務</translation>
+    </message>
+    <message>
+        <source>Education Expenses</source>
+        <translation>教育費</translation>
+    </message>
+    <message>
+        <source>State &amp; Local Taxes</source>
+        <translation>住民税・地方税</translation>
+    </message>
+    <message>
+        <source>Mortgage Interest</source>
+        <translation>住宅ローン利息</translation>
+    </message>
+    <message>
+        <source>Property Tax</source>
+        <translation>固定資産税</translation>
+    </message>
+    <message>
+        <source>Maintenance</source>
+        <translation>修繕・メンテナンス</translation>
+    </message>
+    <message>
+        <source>HOA</source>
+        <translation>管理費</translation>
+    </message>
+    <message>
+        <source>Gas</source>
+        <translation>ガス</translation>
+    </message>
+    <message>
+        <source>Internet</source>
+        <translation>インターネット</translation>
+    </message>
+    <message>
+        <source>Phone</source>
+        <translation>電話</translation>
+    </message>
+    <message>
+        <source>Car Payment</source>
+        <translation>自動車ローン</translation>
+    </message>
+    <message>
+        <source>Auto Insurance</source>
+        <translation>自動車保険</translation>
+    </message>
+    <message>
+        <source>Public Transit</source>
+        <translation>公共交通機関</translation>
+    </message>
+    <message>
+        <source>Miscellaneous</source>
+        <translation>雑費</translation>
+    </message>
+    <message>
+        <source>Events</source>
+        <translation>イベント</translation>
+    </message>
+    <message>
+        <source>Electronics</source>
+        <translation>家電</translation>
+    </message>
+    <message>
+        <source>Insurance</source>
+        <translation>保険</translation>
+    </message>
+    <message>
+        <source>Health</source>
+        <translation>医療保険</translation>
+    </message>
+    <message>
+        <source>Life</source>
+        <translation>生命保険</translation>
+    </message>
+    <message>
+        <source>Home/Renters</source>
+        <translation>火災・家財保険</translation>
+    </message>
+    <message>
+        <source>Auto</source>
+        <translation>自動車</translation>
+    </message>
+    <message>
+        <source>Fees &amp; Charges</source>
+        <translation>手数料</translation>
+    </message>
+    <message>
+        <source>Bank Fees</source>
+        <translation>銀行手数料</translation>
+    </message>
+    <message>
+        <source>ATM Fees</source>
+        <translation>ATM 手数料</translation>
+    </message>
+    <message>
+        <source>Late Fees</source>
+        <translation>延滞料</translation>
+    </message>
+    <message>
+        <source>Dividend Income</source>
+        <translation>配当金</translation>
+    </message>
+    <message>
+        <source>Rental Income</source>
+        <translation>家賃収入</translation>
+    </message>
+    <message>
+        <source>Freelance / Consulting</source>
+        <translation>フリーランス・コンサルティング</translation>
+    </message>
+    <message>
+        <source>Refunds</source>
+        <translation>返金</translation>
+    </message>
+    <message>
+        <source>Gifts Received</source>
+        <translation>受け取った贈り物</translation>
+    </message>
+    <message>
+        <source>Other Income</source>
+        <translation>その他の収入</translation>
+    </message>
 </context>
 <context>
     <name>CategoryTreeModel</name>
