@@ -1199,7 +1199,7 @@ Alle Buchungen, wiederkehrenden Buchungen und der Abgleich-Verlauf dieses Kontos
     </message>
     <message>
         <source>Clr</source>
-        <translation>B</translation>
+        <translation>✓</translation>
     </message>
     <message>
         <source>Add Transaction</source>
@@ -1502,7 +1502,7 @@ Alle Buchungen, wiederkehrenden Buchungen und der Abgleich-Verlauf dieses Kontos
     </message>
     <message>
         <source>Chk #</source>
-        <translation>Scheck-Nr.</translation>
+        <translation>Nr.</translation>
     </message>
     <message>
         <source>Payee</source>
@@ -1526,7 +1526,7 @@ Alle Buchungen, wiederkehrenden Buchungen und der Abgleich-Verlauf dieses Kontos
     </message>
     <message>
         <source>Clr</source>
-        <translation>B</translation>
+        <translation>✓</translation>
     </message>
 </context>
 <context>

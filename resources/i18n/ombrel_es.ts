@@ -1199,7 +1199,7 @@ Se quitarán todas las transacciones, transacciones periódicas e historial de c
     </message>
     <message>
         <source>Clr</source>
-        <translation>C</translation>
+        <translation>✓</translation>
     </message>
     <message>
         <source>Add Transaction</source>
@@ -1502,7 +1502,7 @@ Se quitarán todas las transacciones, transacciones periódicas e historial de c
     </message>
     <message>
         <source>Chk #</source>
-        <translation>N.º cheque</translation>
+        <translation>N.º</translation>
     </message>
     <message>
         <source>Payee</source>
@@ -1526,7 +1526,7 @@ Se quitarán todas las transacciones, transacciones periódicas e historial de c
     </message>
     <message>
         <source>Clr</source>
-        <translation>C</translation>
+        <translation>✓</translation>
     </message>
 </context>
 <context>

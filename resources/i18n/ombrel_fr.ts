@@ -1199,7 +1199,7 @@ Toutes les opérations, opérations récurrentes et l&apos;historique des rappro
     </message>
     <message>
         <source>Clr</source>
-        <translation>P</translation>
+        <translation>✓</translation>
     </message>
     <message>
         <source>Add Transaction</source>
@@ -1502,7 +1502,7 @@ Toutes les opérations, opérations récurrentes et l&apos;historique des rappro
     </message>
     <message>
         <source>Chk #</source>
-        <translation>N° chèque</translation>
+        <translation>N°</translation>
     </message>
     <message>
         <source>Payee</source>
@@ -1526,7 +1526,7 @@ Toutes les opérations, opérations récurrentes et l&apos;historique des rappro
     </message>
     <message>
         <source>Clr</source>
-        <translation>P</translation>
+        <translation>✓</translation>
     </message>
 </context>
 <context>

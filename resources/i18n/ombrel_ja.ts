@@ -1186,7 +1186,7 @@ All transactions, recurring entries, and reconciliation history for this account
     </message>
     <message>
         <source>Clr</source>
-        <translation>確</translation>
+        <translation>✓</translation>
     </message>
     <message>
         <source>Add Transaction</source>
@@ -1489,7 +1489,7 @@ All transactions, recurring entries, and reconciliation history for this account
     </message>
     <message>
         <source>Chk #</source>
-        <translation>小切手番号</translation>
+        <translation>番号</translation>
     </message>
     <message>
         <source>Payee</source>
@@ -1513,7 +1513,7 @@ All transactions, recurring entries, and reconciliation history for this account
     </message>
     <message>
         <source>Clr</source>
-        <translation>確</translation>
+        <translation>✓</translation>
     </message>
 </context>
 <context>

@@ -32,6 +32,8 @@
 #include <QUuid>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kDefaultWidths[] = {130, 60, 250, 180, 180, 100, 100, 35, 110};
@@ -182,9 +184,11 @@ void RegisterScreen::restoreColumns()
     QSettings settings;
     m_restoringColumns = true;
     for (int column = 0; column <= RegisterModel::Balance; ++column) {
+        // A translated header may be wider than the English one the defaults were measured for.
+        const int fallback =
+            std::max(kDefaultWidths[column], m_view->horizontalHeader()->sectionSizeHint(column));
         m_view->setColumnWidth(
-            column, settings.value(QStringLiteral("register/colWidth/%1").arg(column), kDefaultWidths[column])
-                        .toInt());
+            column, settings.value(QStringLiteral("register/colWidth/%1").arg(column), fallback).toInt());
         const bool hidden =
             column != RegisterModel::Date && column != RegisterModel::Balance &&
             settings.value(QStringLiteral("register/colHidden/%1").arg(column), false).toBool();
