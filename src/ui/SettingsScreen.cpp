@@ -102,6 +102,7 @@ void SettingsScreen::setupUi()
     m_categoryList->setObjectName(QStringLiteral("categoryList"));
     m_categoryList->addItems({tr("General"), tr("Register"), tr("Data & Sync"), tr("About")});
     // Wide enough for the longest page name of the language in use ("Daten & Synchronisierung").
+    m_categoryList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_categoryList->setFixedWidth(
         std::max(140, m_categoryList->sizeHintForColumn(0) + 2 * m_categoryList->frameWidth() + 4));
     m_categoryList->setStyleSheet(
