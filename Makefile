@@ -1,5 +1,6 @@
 # make run   installs what is missing, builds and starts the program
 # make test  installs what is missing, builds and runs every test
+# make package builds the Debian packages of the program (and of the reference server) in build/
 # make bench installs what is missing, builds and times storage, screens, reports, imports and backups
 # make sync-soak  runs the sync fault simulation for SIM_SEEDS seeds (default 200) from SIM_FIRST_SEED
 # make fuzz  installs clang and libFuzzer, builds the fuzz targets of the import parsers and the backup
@@ -13,7 +14,7 @@ GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo Ninja || echo "Uni
 LAUNCHER  := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 CONFIGURE  = cmake -S . -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo $(LAUNCHER)
 
-.PHONY: deps build run test sanitize bench fuzz fuzz-build clean sync-soak
+.PHONY: deps build run test package sanitize bench fuzz fuzz-build clean sync-soak
 
 deps:
 	@scripts/install-deps
@@ -32,6 +33,9 @@ run: build
 
 test: build
 	cd $(BUILD_DIR) && QT_QPA_PLATFORM=offscreen ctest --output-on-failure
+
+package: build
+	cd $(BUILD_DIR) && cpack -G DEB
 
 bench: build
 	$(BUILD_DIR)/bench/ombrel_bench

@@ -1,10 +1,12 @@
-// Renders each page in the light and dark theme at the normal and a large font scale, one PNG each:
-//   QT_QPA_PLATFORM=offscreen ombrel_screenshots <output directory> [page name...]
+// Renders each page in the light and dark theme at the normal and a large font scale, one PNG each,
+// in English or in one of the program's languages:
+//   QT_QPA_PLATFORM=offscreen ombrel_screenshots <output directory> [en|es|de|fr|ja] [page name...]
 // With page names, only those pages are rendered.
 
 #include "core/AppIdentity.h"
 #include "core/AppState.h"
 #include "core/Dates.h"
+#include "core/Language.h"
 #include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
 #include "data/CategoryRepository.h"
@@ -44,6 +46,7 @@
 #include <QFile>
 #include <QFontDatabase>
 #include <QLabel>
+#include <QLibraryInfo>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -53,6 +56,7 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTextStream>
+#include <QTranslator>
 #include <QTreeView>
 #include <QVBoxLayout>
 
@@ -252,7 +256,9 @@ void categoriseRows()
     };
     for (Transaction t : g_state->transactions()->getByAccount(QStringLiteral("acc-0"))) {
         for (const auto &[payee, category] : byPayee) {
-            const auto found = g_state->categories()->getByName(QString::fromUtf8(category));
+            // The default categories were seeded in the language being rendered.
+            const auto found =
+                g_state->categories()->getByName(QCoreApplication::translate("CategoryService", category));
             if (t.payee == QString::fromUtf8(payee) && found) {
                 t.categoryId = found->id;
                 g_state->transactions()->update(t);
@@ -294,8 +300,9 @@ QWidget *categoriesPage()
 {
     auto *screen = new CategoriesScreen(g_state);
     QTreeView *tree = screen->view();
-    const QModelIndexList found = tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole,
-                                                       QStringLiteral("Housing"), 1, Qt::MatchExactly);
+    const QModelIndexList found =
+        tree->model()->match(tree->model()->index(0, 0), Qt::DisplayRole,
+                             QCoreApplication::translate("CategoryService", "Housing"), 1, Qt::MatchExactly);
     if (!found.isEmpty()) {
         tree->expand(found.first());
         tree->setCurrentIndex(tree->model()->index(0, 0, found.first()));
@@ -332,7 +339,8 @@ QWidget *accountForm()
 
 QWidget *subcategoryForm()
 {
-    return new CategoryFormDialog(QStringLiteral("p"), QStringLiteral("Housing"));
+    return new CategoryFormDialog(QStringLiteral("p"),
+                                  QCoreApplication::translate("CategoryService", "Housing"));
 }
 
 QWidget *recurringForm()
@@ -526,12 +534,29 @@ int main(int argc, char *argv[])
     QApplication app(argc, argv);
     QTextStream err(stderr);
     if (argc < 2) {
-        err << "usage: ombrel_screenshots <output directory>\n";
+        err << "usage: ombrel_screenshots <output directory> [en|es|de|fr|ja] [page name...]\n";
         return 2;
     }
+    // The language is optional: a second argument that names none is the first page name.
+    int firstPage = 2;
+    QString language = QStringLiteral("en");
+    if (argc > 2 && supportedLanguages().contains(QString::fromLocal8Bit(argv[2]))) {
+        language = QString::fromLocal8Bit(argv[2]);
+        firstPage = 3;
+    }
+    // As the program does at start, and before anything is built: the default categories are seeded
+    // in this language. The locale follows, so that money and dates look as they would to that user.
+    QLocale::setDefault(QLocale(language));
+    QTranslator qtTranslator;
+    QTranslator appTranslator;
+    if (qtTranslator.load(QLocale(language), QStringLiteral("qtbase"), QStringLiteral("_"),
+                          QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&qtTranslator);
+    if (appTranslator.load(QStringLiteral(":/i18n/ombrel_%1.qm").arg(language)))
+        QCoreApplication::installTranslator(&appTranslator);
     const QDir out(QString::fromLocal8Bit(argv[1]));
     QStringList only;
-    for (int i = 2; i < argc; ++i)
+    for (int i = firstPage; i < argc; ++i)
         only.append(QString::fromLocal8Bit(argv[i]));
     if (!QDir().mkpath(out.path())) {
         err << "cannot create " << out.path() << "\n";
@@ -569,9 +594,9 @@ int main(int argc, char *argv[])
             for (const Page &page : kPages) {
                 if (!only.isEmpty() && !only.contains(QLatin1String(page.name)))
                     continue;
-                const QString path = out.filePath(QStringLiteral("%1-%2-%3.png")
-                                                      .arg(QLatin1String(page.name), QLatin1String(themeName))
-                                                      .arg(scale));
+                const QString path = out.filePath(QStringLiteral("%1-%2-%3-%4.png")
+                                                      .arg(QLatin1String(page.name), QLatin1String(themeName),
+                                                           QString::number(scale), language));
                 if (!render(page, path)) {
                     err << "cannot write " << path << "\n";
                     ++failures;

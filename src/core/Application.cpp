@@ -34,6 +34,8 @@ Application::Application(int &argc, char **argv)
     setOrganizationDomain(QString::fromLatin1(AppIdentity::kOrganizationDomain));
     setApplicationName(QString::fromLatin1(AppIdentity::kApplicationName));
     setApplicationVersion(QString::fromLatin1(AppIdentity::kApplicationVersion));
+    // Wayland and the desktop's task list find the installed entry, and so the icon, by this name.
+    setDesktopFileName(QString::fromLatin1(AppIdentity::kApplicationIdentifier));
 
     setupTranslators();
 

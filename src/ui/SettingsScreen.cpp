@@ -31,8 +31,11 @@
 #include <QPushButton>
 #include <QSaveFile>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace {
 
@@ -98,7 +101,10 @@ void SettingsScreen::setupUi()
     m_categoryList = new QListWidget(this);
     m_categoryList->setObjectName(QStringLiteral("categoryList"));
     m_categoryList->addItems({tr("General"), tr("Register"), tr("Data & Sync"), tr("About")});
-    m_categoryList->setFixedWidth(140);
+    // Wide enough for the longest page name of the language in use ("Daten & Synchronisierung").
+    m_categoryList->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_categoryList->setFixedWidth(
+        std::max(140, m_categoryList->sizeHintForColumn(0) + 2 * m_categoryList->frameWidth() + 4));
     m_categoryList->setStyleSheet(
         QStringLiteral("QListWidget { outline: none; } QListWidget::item { padding: 6px 8px; }"));
 
@@ -107,6 +113,14 @@ void SettingsScreen::setupUi()
     m_pages->addWidget(buildRegisterPage());
     m_pages->addWidget(buildDataPage());
     m_pages->addWidget(buildAboutPage());
+
+    // A page never scrolls sideways: the window grows instead to the widest row of buttons, which in
+    // some languages is wider than the English window.
+    for (QScrollArea *scroll : m_pages->findChildren<QScrollArea *>()) {
+        scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+        scroll->setMinimumWidth(scroll->widget()->minimumSizeHint().width() +
+                                scroll->verticalScrollBar()->sizeHint().width());
+    }
 
     auto *layout = new QHBoxLayout(this);
     layout->addWidget(m_categoryList);

@@ -34,6 +34,7 @@
 #include <QUuid>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -201,9 +202,11 @@ void RegisterScreen::restoreColumns()
     QSettings settings;
     m_restoringColumns = true;
     for (int column = 0; column <= RegisterModel::Balance; ++column) {
+        // A translated header may be wider than the English one the defaults were measured for.
+        const int fallback =
+            std::max(kDefaultWidths[column], m_view->horizontalHeader()->sectionSizeHint(column));
         m_view->setColumnWidth(
-            column, settings.value(QStringLiteral("register/colWidth/%1").arg(column), kDefaultWidths[column])
-                        .toInt());
+            column, settings.value(QStringLiteral("register/colWidth/%1").arg(column), fallback).toInt());
         const bool hidden =
             column != RegisterModel::Date && column != RegisterModel::Balance &&
             settings.value(QStringLiteral("register/colHidden/%1").arg(column), false).toBool();
