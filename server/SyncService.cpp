@@ -283,6 +283,7 @@ HttpResponse SyncService::pull(const HttpRequest &request, const Caller &caller)
     // not have yet ride along; a second copy later is harmless, as the version is the same.
     QList<StoredRow> out;
     QSet<QString> sent;
+    QHash<QString, std::optional<StoredRow>> looked; // parents already looked up for this page
     for (const Candidate &c : std::as_const(candidates)) {
         sent.insert(rowKey(c.row));
         out.append(c.row);
@@ -306,7 +307,10 @@ HttpResponse SyncService::pull(const HttpRequest &request, const Caller &caller)
             const QString key = owner + QLatin1Char('\n') + type + QLatin1Char('\n') + clientId;
             if (sent.contains(key))
                 return;
-            std::optional<StoredRow> parent = m_store->find(owner, type, clientId);
+            auto cached = looked.find(key);
+            if (cached == looked.end())
+                cached = looked.insert(key, m_store->find(owner, type, clientId));
+            const std::optional<StoredRow> &parent = *cached;
             if (!parent)
                 continue;
             if (type == kAccount && owner != caller.userId &&
