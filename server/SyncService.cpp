@@ -123,8 +123,9 @@ HttpResponse SyncService::push(const HttpRequest &request, const Caller &caller)
     QSqlDatabase db = m_db->connection();
     db.transaction();
     QJsonArray results;
+    QHash<QString, std::optional<Share>> shares;
     for (const QJsonValue &change : list)
-        results.append(applyChange(change, caller));
+        results.append(applyChange(change, caller, shares));
     if (!db.commit()) {
         db.rollback();
         return errorResponse(500, QStringLiteral("The changes could not be stored"));
@@ -134,7 +135,8 @@ HttpResponse SyncService::push(const HttpRequest &request, const Caller &caller)
     });
 }
 
-QJsonObject SyncService::applyChange(const QJsonValue &value, const Caller &caller)
+QJsonObject SyncService::applyChange(const QJsonValue &value, const Caller &caller,
+                                     QHash<QString, std::optional<Share>> &shares)
 {
     const QJsonObject change = value.toObject();
     const QJsonValue idValue = change.value(QLatin1String("entity_id"));
@@ -172,7 +174,10 @@ QJsonObject SyncService::applyChange(const QJsonValue &value, const Caller &call
     QString ownerId = caller.userId;
     std::optional<StoredRow> existing = m_store->find(caller.userId, type, id);
     if (!existing && type != kCategory) {
-        const std::optional<Share> share = m_sharing->shareOf(accountId, caller.userId);
+        auto known = shares.find(accountId);
+        if (known == shares.end())
+            known = shares.insert(accountId, m_sharing->shareOf(accountId, caller.userId));
+        const std::optional<Share> &share = *known;
         if (share && type != kTransaction)
             return refuse(QStringLiteral("forbidden"),
                           QStringLiteral("Only the owner can change this account"));
