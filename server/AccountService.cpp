@@ -209,7 +209,7 @@ HttpResponse AccountService::devices(const Caller &caller)
     QSqlQuery q(m_db->connection());
     q.prepare(QStringLiteral(
         "SELECT id, device_name, platform, app_id, app_version, last_sync_at,"
-        " device_fingerprint, created_at FROM devices WHERE user_id = ? ORDER BY created_at, id"));
+        " device_fingerprint, created_at FROM devices WHERE user_id = ? ORDER BY created_at, rowid"));
     q.addBindValue(caller.userId);
     QJsonArray list;
     if (q.exec()) {
