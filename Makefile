@@ -1,7 +1,9 @@
 # make run   installs what is missing, builds and starts the program
 # make test  installs what is missing, builds and runs every test
 # make package builds the Debian packages of the program (and of the reference server) in build/
-# make bench installs what is missing, builds and times storage, screens, reports, imports and backups
+# make bench installs what is missing, builds and times storage, screens, reports, imports and backups,
+#            and the reference server's push and pull
+# make serve installs what is missing, builds the reference server and starts it on build/serve-data
 # make sync-soak  runs the sync fault simulation for SIM_SEEDS seeds (default 200) from SIM_FIRST_SEED
 # make fuzz  installs clang and libFuzzer, builds the fuzz targets of the import parsers and the backup
 #            archive reader in build-fuzz/ and runs each in turn for FUZZ_SECONDS (default 600)
@@ -14,7 +16,7 @@ GENERATOR := $(shell command -v ninja >/dev/null 2>&1 && echo Ninja || echo "Uni
 LAUNCHER  := $(shell command -v ccache >/dev/null 2>&1 && echo -DCMAKE_CXX_COMPILER_LAUNCHER=ccache)
 CONFIGURE  = cmake -S . -G "$(GENERATOR)" -DCMAKE_BUILD_TYPE=RelWithDebInfo $(LAUNCHER)
 
-.PHONY: deps build run test package sanitize bench fuzz fuzz-build clean sync-soak
+.PHONY: deps build run test package sanitize bench serve fuzz fuzz-build clean sync-soak
 
 deps:
 	@scripts/install-deps
@@ -39,6 +41,19 @@ package: build
 
 bench: build
 	$(BUILD_DIR)/bench/ombrel_bench
+	$(BUILD_DIR)/bench/ombrel_server_bench
+
+# The reference server on a data folder under the build directory; Ctrl+C stops it.
+SERVE_DATA   ?= $(BUILD_DIR)/serve-data
+SERVE_LISTEN ?= 127.0.0.1:8080
+serve: deps
+	$(MAKE) --no-print-directory configure-and-serve
+
+.PHONY: configure-and-serve
+configure-and-serve:
+	$(CONFIGURE) -B $(BUILD_DIR)
+	cmake --build $(BUILD_DIR) --target ombrel-server
+	$(BUILD_DIR)/server/ombrel-server --data $(SERVE_DATA) --listen $(SERVE_LISTEN)
 
 SIM_SEEDS ?= 200
 SIM_FIRST_SEED ?= 1000

@@ -209,7 +209,7 @@ HttpResponse AccountService::devices(const Caller &caller)
     QSqlQuery q(m_db->connection());
     q.prepare(QStringLiteral(
         "SELECT id, device_name, platform, app_id, app_version, last_sync_at,"
-        " device_fingerprint, created_at FROM devices WHERE user_id = ? ORDER BY created_at, id"));
+        " device_fingerprint, created_at FROM devices WHERE user_id = ? ORDER BY created_at, rowid"));
     q.addBindValue(caller.userId);
     QJsonArray list;
     if (q.exec()) {
@@ -245,7 +245,8 @@ HttpResponse AccountService::registerDevice(const HttpRequest &request, const Ca
     q.prepare(QStringLiteral(
         "INSERT INTO devices (id, user_id, device_fingerprint, device_name, platform, app_id, app_version, "
         "created_at)"
-        " VALUES (?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (user_id, device_fingerprint) DO UPDATE SET"
+        " VALUES (?, ?, ?, COALESCE(?, ''), COALESCE(?, ''), COALESCE(?, ''), COALESCE(?, ''), ?) ON "
+        "CONFLICT (user_id, device_fingerprint) DO UPDATE SET"
         " device_name = excluded.device_name, platform = excluded.platform, app_id = excluded.app_id,"
         " app_version = excluded.app_version"));
     q.addBindValue(newId());
@@ -283,9 +284,9 @@ HttpResponse AccountService::group(const Caller &caller)
     const QString name = g.exec() && g.next() ? g.value(0).toString() : QString();
 
     QSqlQuery q(m_db->connection());
-    q.prepare(
-        QStringLiteral("SELECT u.id, u.display_name, u.email, m.role, m.joined_at FROM group_members m"
-                       " JOIN users u ON u.id = m.user_id WHERE m.group_id = ? ORDER BY m.joined_at, u.id"));
+    q.prepare(QStringLiteral(
+        "SELECT u.id, u.display_name, u.email, m.role, m.joined_at FROM group_members m"
+        " JOIN users u ON u.id = m.user_id WHERE m.group_id = ? ORDER BY m.joined_at, m.rowid"));
     q.addBindValue(member->groupId);
     QJsonArray members;
     if (q.exec()) {
@@ -370,7 +371,7 @@ HttpResponse AccountService::invite(const HttpRequest &request, const Caller &ca
     QSqlQuery i(db);
     i.prepare(QStringLiteral(
         "INSERT INTO invitations (id, group_id, invited_email, invite_code, status, expires_at,"
-        " created_at) VALUES (?, ?, ?, ?, 'pending', ?, ?)"));
+        " created_at) VALUES (?, ?, COALESCE(?, ''), ?, 'pending', ?, ?)"));
     i.addBindValue(id);
     i.addBindValue(member->groupId);
     i.addBindValue(email);
@@ -378,6 +379,7 @@ HttpResponse AccountService::invite(const HttpRequest &request, const Caller &ca
     i.addBindValue(QDateTime::currentDateTimeUtc().addDays(kInvitationDays).toString(Qt::ISODate));
     i.addBindValue(ServerDatabase::now());
     if (!i.exec() || !db.commit()) {
+        qWarning().noquote() << "AccountService::invite failed:" << i.lastError().text();
         db.rollback();
         return errorResponse(500, QStringLiteral("The invitation could not be made"));
     }
@@ -462,7 +464,7 @@ bool AccountService::leaveGroup(const QString &userId)
         QSqlQuery next(m_db->connection());
         next.prepare(QStringLiteral(
             "UPDATE group_members SET role = 'owner' WHERE user_id ="
-            " (SELECT user_id FROM group_members WHERE group_id = ? ORDER BY joined_at LIMIT 1)"));
+            " (SELECT user_id FROM group_members WHERE group_id = ? ORDER BY joined_at, rowid LIMIT 1)"));
         next.addBindValue(member->groupId);
         next.exec();
     }

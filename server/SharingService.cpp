@@ -75,9 +75,9 @@ bool SharingService::ownsLiveAccount(const QString &userId, const QString &accou
 QList<Share> SharingService::sharesOfAccount(const QString &ownerId, const QString &accountId) const
 {
     QSqlQuery q(m_db->connection());
-    q.prepare(
-        QStringLiteral("SELECT %1 FROM shares WHERE owner_id = ? AND account_id = ? ORDER BY created_at, id")
-            .arg(kShareColumns));
+    q.prepare(QStringLiteral(
+                  "SELECT %1 FROM shares WHERE owner_id = ? AND account_id = ? ORDER BY created_at, rowid")
+                  .arg(kShareColumns));
     q.addBindValue(ownerId);
     q.addBindValue(accountId);
     QList<Share> shares;
@@ -140,7 +140,7 @@ HttpResponse SharingService::members(const Caller &caller, const QString &accoun
     QSqlQuery q(m_db->connection());
     q.prepare(
         QStringLiteral("SELECT id, member_id, role, created_at FROM shares"
-                       " WHERE owner_id = ? AND account_id = ? AND active = 1 ORDER BY created_at, id"));
+                       " WHERE owner_id = ? AND account_id = ? AND active = 1 ORDER BY created_at, rowid"));
     q.addBindValue(ownerId);
     q.addBindValue(accountId);
     if (q.exec()) {

@@ -123,8 +123,9 @@ HttpResponse SyncService::push(const HttpRequest &request, const Caller &caller)
     QSqlDatabase db = m_db->connection();
     db.transaction();
     QJsonArray results;
+    QHash<QString, std::optional<Share>> shares;
     for (const QJsonValue &change : list)
-        results.append(applyChange(change, caller));
+        results.append(applyChange(change, caller, shares));
     if (!db.commit()) {
         db.rollback();
         return errorResponse(500, QStringLiteral("The changes could not be stored"));
@@ -134,7 +135,8 @@ HttpResponse SyncService::push(const HttpRequest &request, const Caller &caller)
     });
 }
 
-QJsonObject SyncService::applyChange(const QJsonValue &value, const Caller &caller)
+QJsonObject SyncService::applyChange(const QJsonValue &value, const Caller &caller,
+                                     QHash<QString, std::optional<Share>> &shares)
 {
     const QJsonObject change = value.toObject();
     const QJsonValue idValue = change.value(QLatin1String("entity_id"));
@@ -172,7 +174,10 @@ QJsonObject SyncService::applyChange(const QJsonValue &value, const Caller &call
     QString ownerId = caller.userId;
     std::optional<StoredRow> existing = m_store->find(caller.userId, type, id);
     if (!existing && type != kCategory) {
-        const std::optional<Share> share = m_sharing->shareOf(accountId, caller.userId);
+        auto known = shares.find(accountId);
+        if (known == shares.end())
+            known = shares.insert(accountId, m_sharing->shareOf(accountId, caller.userId));
+        const std::optional<Share> &share = *known;
         if (share && type != kTransaction)
             return refuse(QStringLiteral("forbidden"),
                           QStringLiteral("Only the owner can change this account"));
@@ -283,6 +288,7 @@ HttpResponse SyncService::pull(const HttpRequest &request, const Caller &caller)
     // not have yet ride along; a second copy later is harmless, as the version is the same.
     QList<StoredRow> out;
     QSet<QString> sent;
+    QHash<QString, std::optional<StoredRow>> looked; // parents already looked up for this page
     for (const Candidate &c : std::as_const(candidates)) {
         sent.insert(rowKey(c.row));
         out.append(c.row);
@@ -306,7 +312,10 @@ HttpResponse SyncService::pull(const HttpRequest &request, const Caller &caller)
             const QString key = owner + QLatin1Char('\n') + type + QLatin1Char('\n') + clientId;
             if (sent.contains(key))
                 return;
-            std::optional<StoredRow> parent = m_store->find(owner, type, clientId);
+            auto cached = looked.find(key);
+            if (cached == looked.end())
+                cached = looked.insert(key, m_store->find(owner, type, clientId));
+            const std::optional<StoredRow> &parent = *cached;
             if (!parent)
                 continue;
             if (type == kAccount && owner != caller.userId &&

@@ -2,6 +2,7 @@
 
 #include "server/HttpExchange.h"
 #include "server/PullCursor.h"
+#include "server/SharingService.h"
 #include "server/SyncStore.h"
 
 #include <QHash>
@@ -12,7 +13,6 @@
 namespace OmbrelServer {
 
 class ServerDatabase;
-class SharingService;
 class TokenService;
 struct Caller;
 
@@ -25,7 +25,9 @@ public:
 
 private:
     HttpResponse push(const HttpRequest &request, const Caller &caller);
-    QJsonObject applyChange(const QJsonValue &change, const Caller &caller);
+    // shares remembers, for one push, the share (or none) of each account id met so far.
+    QJsonObject applyChange(const QJsonValue &change, const Caller &caller,
+                            QHash<QString, std::optional<Share>> &shares);
     HttpResponse pull(const HttpRequest &request, const Caller &caller);
 
     ServerDatabase *m_db;

@@ -51,36 +51,45 @@ SyncStore::SyncStore(ServerDatabase *db)
 std::optional<StoredRow> SyncStore::find(const QString &ownerId, const QString &entityType,
                                          const QString &clientId) const
 {
-    QSqlQuery q(m_db->connection());
-    q.prepare(
-        QStringLiteral("SELECT %1 FROM sync_rows WHERE owner_id = ? AND entity_type = ? AND client_id = ?")
-            .arg(kColumns));
-    q.addBindValue(ownerId);
-    q.addBindValue(entityType);
-    q.addBindValue(clientId);
-    if (!q.exec() || !q.next())
-        return std::nullopt;
-    return readRow(q);
+    if (!m_find) {
+        m_find.emplace(m_db->connection());
+        m_find->prepare(
+            QStringLiteral(
+                "SELECT %1 FROM sync_rows WHERE owner_id = ? AND entity_type = ? AND client_id = ?")
+                .arg(kColumns));
+    }
+    QSqlQuery &q = *m_find;
+    q.bindValue(0, ownerId);
+    q.bindValue(1, entityType);
+    q.bindValue(2, clientId);
+    std::optional<StoredRow> row;
+    if (q.exec() && q.next())
+        row = readRow(q);
+    q.finish();
+    return row;
 }
 
 bool SyncStore::write(const StoredRow &row)
 {
-    QSqlQuery q(m_db->connection());
-    q.prepare(
-        QStringLiteral(
-            "INSERT OR REPLACE INTO sync_rows (%1, updated_at) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
-            .arg(kColumns));
-    q.addBindValue(row.ownerId);
-    q.addBindValue(row.entityType);
-    q.addBindValue(row.clientId);
-    q.addBindValue(row.serverId);
-    q.addBindValue(row.accountId.isEmpty() ? QVariant() : QVariant(row.accountId));
-    q.addBindValue(row.version);
-    q.addBindValue(row.deleted ? 1 : 0);
-    q.addBindValue(row.seq);
-    q.addBindValue(row.authorId);
-    q.addBindValue(QString::fromUtf8(row.payload));
-    q.addBindValue(ServerDatabase::now());
+    if (!m_write) {
+        m_write.emplace(m_db->connection());
+        m_write->prepare(
+            QStringLiteral(
+                "INSERT OR REPLACE INTO sync_rows (%1, updated_at) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)")
+                .arg(kColumns));
+    }
+    QSqlQuery &q = *m_write;
+    q.bindValue(0, row.ownerId);
+    q.bindValue(1, row.entityType);
+    q.bindValue(2, row.clientId);
+    q.bindValue(3, row.serverId);
+    q.bindValue(4, row.accountId.isEmpty() ? QVariant() : QVariant(row.accountId));
+    q.bindValue(5, row.version);
+    q.bindValue(6, row.deleted ? 1 : 0);
+    q.bindValue(7, row.seq);
+    q.bindValue(8, row.authorId);
+    q.bindValue(9, QString::fromUtf8(row.payload));
+    q.bindValue(10, ServerDatabase::now());
     if (!q.exec()) {
         qWarning().noquote() << "SyncStore::write failed:" << q.lastError().text();
         return false;

@@ -2,6 +2,7 @@
 
 #include <QByteArray>
 #include <QList>
+#include <QSqlQuery>
 #include <QString>
 
 #include <optional>
@@ -49,6 +50,10 @@ public:
 private:
     ServerDatabase *m_db;
     qint64 m_seq = 0;
+    // The two statements of every pushed change, prepared once: a push of 500 changes runs each 500
+    // times.
+    mutable std::optional<QSqlQuery> m_find;
+    std::optional<QSqlQuery> m_write;
 };
 
 } // namespace OmbrelServer

@@ -99,7 +99,7 @@ std::optional<TokenPair> TokenService::startSession(const QString &userId, const
     QSqlQuery q(m_db->connection());
     q.prepare(QStringLiteral(
         "INSERT INTO sessions (id, user_id, user_agent, ip_address, created_at, last_active_at)"
-        " VALUES (?, ?, ?, ?, ?, ?)"));
+        " VALUES (?, ?, COALESCE(?, ''), ?, ?, ?)"));
     q.addBindValue(sessionId);
     q.addBindValue(userId);
     q.addBindValue(userAgent.left(300));
