@@ -181,6 +181,7 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
 
     showRecurringDue();
     showInitialPage();
+    m_pageChosen = true;
 }
 
 void MainWindow::postDueRecurring()
@@ -425,6 +426,7 @@ void MainWindow::rebuildListStyle()
 void MainWindow::onAccountsChanged()
 {
     const QList<Account> accounts = m_state->accounts()->getAll();
+    const bool hadAccounts = m_accountList->count() > 0;
     // Rebuilding the items moves rows; that must not be taken for a drag.
     const QSignalBlocker blockModel(m_accountList->model());
     m_accountList->clear();
@@ -503,6 +505,9 @@ void MainWindow::onAccountsChanged()
         if (m_accountList->item(row)->data(Qt::UserRole).toString() == current)
             m_accountList->setCurrentRow(row);
     }
+    // The first accounts (sample data, an import, a restored backup) end the page that asks for one.
+    if (m_pageChosen && !hadAccounts && !accounts.isEmpty() && m_stack->currentWidget() != m_registerPage)
+        showInitialPage();
 }
 
 void MainWindow::rebuildShortcuts()

@@ -50,6 +50,7 @@ private slots:
     void sampleDataEntriesOnlyInDevelopment();
     void sampleDataLoadsAndClearsFromTheMenu();
     void restoreInPreferencesReloadsTheList();
+    void anImportedFirstAccountOpensItsRegister();
     void screensOpenOnceInWindowsOfTheirOwn_data();
     void screensOpenOnceInWindowsOfTheirOwn();
 
@@ -368,9 +369,13 @@ void TstMainWindow::sampleDataLoadsAndClearsFromTheMenu()
     auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
     auto *status = m_window->findChild<StatusBar *>();
 
+    QCOMPARE(m_window->currentPage(), m_window->welcomePage());
     trigger(QStringLiteral("Load &Sample Data"));
     QCOMPARE(list->count(), 3);
     QCOMPARE(status->currentMessage(), QStringLiteral("Sample data loaded"));
+    // The page that asks for a first account must not stay once there are some.
+    QCOMPARE(m_window->currentPage(), m_window->registerPage());
+    QCOMPARE(m_state->currentAccountId(), m_state->accounts()->getAll().first().id);
     Prompt::setNextAnswer(QMessageBox::Ok);
     trigger(QStringLiteral("Load &Sample Data"));
     QCOMPARE(Prompt::lastText(), QStringLiteral("Sample data is already loaded."));
@@ -408,6 +413,16 @@ void TstMainWindow::restoreInPreferencesReloadsTheList()
     m_window->showSettingsWindow();
     QCOMPARE(m_window->findChildren<SettingsScreen *>().size(), 1);
     QVERIFY(settings->findChild<QWidget *>(QStringLiteral("deletedAccountsSection"))->isHidden());
+}
+
+// A first QIF import makes its accounts through the repository before it writes any row.
+void TstMainWindow::anImportedFirstAccountOpensItsRegister()
+{
+    start();
+    QCOMPARE(m_window->currentPage(), m_window->welcomePage());
+    QVERIFY(m_state->accounts()->insert(Fixtures::account(QStringLiteral("q"), QStringLiteral("Checking"))));
+    QCOMPARE(m_window->currentPage(), m_window->registerPage());
+    QCOMPARE(m_state->currentAccountId(), QStringLiteral("q"));
 }
 
 void TstMainWindow::screensOpenOnceInWindowsOfTheirOwn_data()
