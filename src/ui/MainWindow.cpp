@@ -38,6 +38,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
@@ -676,7 +677,11 @@ void MainWindow::presentScreen(QWidget *screen, const QString &title, const QSiz
     screen->setWindowTitle(title);
     if (!screen->parentWidget()) {
         screen->setParent(this, Qt::Window);
-        screen->resize(defaultSize);
+        // The sizes fit the normal font; under a larger one the columns and figures need more room.
+        QSize grown = defaultSize * (ThemeManager::currentFontScale() / 100.0);
+        if (const QScreen *display = this->screen())
+            grown = grown.boundedTo(display->availableGeometry().size());
+        screen->resize(defaultSize.expandedTo(grown));
     }
     if (screen->isMinimized())
         screen->setWindowState(screen->windowState() & ~Qt::WindowMinimized);

@@ -142,14 +142,12 @@ QWidget *ReconciliationScreen::buildFiguresPanel()
 
     auto *differenceRow = new QHBoxLayout;
     auto *differenceLabel = new QLabel(tr("Difference"), panel);
-    QFont bold = differenceLabel->font();
-    bold.setBold(true);
-    differenceLabel->setFont(bold);
+    applyBoldFontRole(differenceLabel, 0);
     differenceRow->addWidget(differenceLabel);
     differenceRow->addStretch();
     m_differenceValue = new QLabel(panel);
     m_differenceValue->setObjectName(QStringLiteral("differenceValue"));
-    m_differenceValue->setFont(bold);
+    applyBoldFontRole(m_differenceValue, 0);
     differenceRow->addWidget(m_differenceValue);
     layout->addLayout(differenceRow);
     layout->addSpacing(12);

@@ -18,6 +18,15 @@ void applyFontRole(QWidget *widget, int role, bool italic)
     widget->setFont(font);
 }
 
+void applyBoldFontRole(QWidget *widget, int role)
+{
+    widget->setProperty("halcFontWeight", int(QFont::Bold));
+    applyFontRole(widget, role);
+    QFont font = widget->font();
+    font.setWeight(QFont::Bold);
+    widget->setFont(font);
+}
+
 void applyPrimaryButtonStyle(QPushButton *button)
 {
     button->setStyleSheet(

@@ -1,5 +1,6 @@
 #include "core/AppState.h"
 #include "core/Dates.h"
+#include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
 #include "data/ReconciliationRepository.h"
 #include "data/RecurringRepository.h"
@@ -22,6 +23,7 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTemporaryDir>
@@ -51,6 +53,7 @@ private slots:
     void sampleDataLoadsAndClearsFromTheMenu();
     void restoreInPreferencesReloadsTheList();
     void anImportedFirstAccountOpensItsRegister();
+    void screensOpenLargerUnderALargeFont();
     void screensOpenOnceInWindowsOfTheirOwn_data();
     void screensOpenOnceInWindowsOfTheirOwn();
 
@@ -423,6 +426,18 @@ void TstMainWindow::anImportedFirstAccountOpensItsRegister()
     QVERIFY(m_state->accounts()->insert(Fixtures::account(QStringLiteral("q"), QStringLiteral("Checking"))));
     QCOMPARE(m_window->currentPage(), m_window->registerPage());
     QCOMPARE(m_state->currentAccountId(), QStringLiteral("q"));
+}
+
+void TstMainWindow::screensOpenLargerUnderALargeFont()
+{
+    start();
+    ThemeManager::setCurrentFontScale(150);
+    m_window->showRecurringWindow();
+    ThemeManager::setCurrentFontScale(100);
+    auto *recurring = m_window->findChild<RecurringScreen *>();
+    const QSize available = m_window->screen()->availableGeometry().size();
+    QCOMPARE(recurring->size(), QSize(700, 500).expandedTo(QSize(1050, 750).boundedTo(available)));
+    QVERIFY(recurring->width() > 700);
 }
 
 void TstMainWindow::screensOpenOnceInWindowsOfTheirOwn_data()
