@@ -1,11 +1,13 @@
 #include "core/ThemeManager.h"
 
+#include "core/ContrastStyle.h"
 #include "core/WordTable.h"
 #include "data/PreferencesRepository.h"
 
 #include <QApplication>
 #include <QLocale>
 #include <QPalette>
+#include <QStyle>
 #include <QStyleHints>
 #include <QWidget>
 
@@ -47,6 +49,8 @@ constexpr PaletteEntry kPalette[] = {
     {QPalette::Disabled, QPalette::WindowText,      0xA0B5A8, 0x3A5A4A},
     {QPalette::Disabled, QPalette::Text,            0xA0B5A8, 0x3A5A4A},
     {QPalette::Disabled, QPalette::ButtonText,      0xA0B5A8, 0x3A5A4A},
+ // A disabled button keeps no fill of its own: it stands out from the filled ones it sits beside.
+    {QPalette::Disabled, QPalette::Button,          0xFAFBFA, 0x0F1E19},
 };
 
 struct SemanticColour {
@@ -131,11 +135,21 @@ void ThemeManager::setTheme(Theme theme)
     m_theme = theme;
     const bool dark = theme == Dark || (theme != Light && systemIsDark());
 
+    if (!qobject_cast<ContrastStyle *>(QApplication::style()))
+        QApplication::setStyle(new ContrastStyle(QApplication::style()->name()));
+
     QPalette palette;
     for (const PaletteEntry &entry : kPalette)
         palette.setColor(entry.group, entry.role, QColor(dark ? entry.dark : entry.light));
     QApplication::setPalette(palette);
     QApplication::setFont(baseFont());
+    // A widget with a style sheet of its own keeps the palette it was polished with; polished anew, it
+    // takes the new one, so that an open window does not stay half in the old theme.
+    const QList<QWidget *> widgets = QApplication::allWidgets();
+    for (QWidget *widget : widgets) {
+        if (!widget->styleSheet().isEmpty())
+            widget->setStyleSheet(widget->styleSheet());
+    }
 
     // The requested theme, not the resolved one, so that System keeps following the system.
     m_preferences->set(QStringLiteral("theme"), wordOf(kThemeWords, theme, System));

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QStringList>
 #include <QtGlobal>
 
 // The counters of one import, CSV or QIF; the import screen prints each that is not 0.
@@ -12,5 +13,7 @@ struct ImportResult {
     qint32 transfersLinked = 0;  // pairs within the import plus retroactive links
     qint32 retroactiveLinks = 0; // links to rows of an earlier import
     qint32 insertFailures = 0;
-    bool aborted = false; // rolled back: nothing of the import remains
+    qint32 splitLinesDropped = 0; // split lines without a category, which the database does not keep
+    bool aborted = false;         // rolled back: nothing of the import remains
+    QStringList refusedFiles;     // one sentence for each file left out whole: it is no text to import
 };

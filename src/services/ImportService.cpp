@@ -40,17 +40,28 @@ void pumpEvents()
     QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents, kPumpMs);
 }
 
-std::optional<QString> readText(const QString &path)
+QString fileName(const QString &path)
+{
+    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+}
+
+struct FileText {
+    QString text;
+    QString refusal; // not empty: the file is left out, and the text is empty
+};
+
+// Nothing for a file that does not open.
+std::optional<FileText> readText(const QString &path)
 {
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         return std::nullopt;
-    return decodeImportBytes(file.readAll());
-}
-
-QString fileName(const QString &path)
-{
-    return path.mid(path.lastIndexOf(QLatin1Char('/')) + 1);
+    FileText read;
+    read.text = decodeImportBytes(file.readAll());
+    read.refusal = ImportService::textRefusal(path, read.text);
+    if (!read.refusal.isEmpty())
+        read.text.clear();
+    return read;
 }
 
 bool hasCell(const QStringList &row, int column)
@@ -334,10 +345,14 @@ void QifImport::readFiles(const QStringList &paths)
 {
     QSet<QString> categoryNames;
     for (const QString &path : paths) {
-        const std::optional<QString> text = readText(path);
-        if (!text)
+        const std::optional<FileText> read = readText(path);
+        if (!read)
             continue;
-        QifParseResult parsed = QifParser::parse(*text, QifDateOrder::Auto);
+        if (!read->refusal.isEmpty()) {
+            m_result.refusedFiles << read->refusal;
+            continue;
+        }
+        QifParseResult parsed = QifParser::parse(read->text, QifDateOrder::Auto);
         m_result.skippedRecords += parsed.skippedRecords;
         m_result.metadataRecords += parsed.metadataRecords;
         for (const QifCategory &category : std::as_const(parsed.categories)) {
@@ -499,7 +514,9 @@ bool QifImport::importItem(int index, CategoryIds &categories, ChangeSignalsHeld
                                                     : memoWithTransferHint(split.transferAccount, split.memo);
         line.createdAt = t.createdAt;
         line.updatedAt = t.createdAt;
-        m_splitLines->insert(line);
+        // The table wants a category on every line; the user hears how many were lost.
+        if (!m_splitLines->insert(line) && line.categoryId.isEmpty())
+            ++m_result.splitLinesDropped;
     }
 
     ++m_result.imported;
@@ -521,24 +538,40 @@ ImportService::ImportService(TransactionRepository *transactions, CategoryReposi
 
 QList<QStringList> ImportService::parseCsv(const QString &text)
 {
+    return parseCsv(text, QString(), nullptr);
+}
+
+QList<QStringList> ImportService::parseCsv(const QString &text, const QString &path, QString *refusal)
+{
     QList<QStringList> rows;
     QStringList row;
     QString field;
     bool inQuotes = false;
+    qsizetype rowStart = 0;
     const auto endField = [&] {
         row.append(field.trimmed());
         field.clear();
     };
-    const auto endRow = [&] {
+    const auto endRow = [&](qsizetype next) {
         // Blank lines vanish: a row of nothing, or of one empty field.
         if (!row.isEmpty() && !(row.size() == 1 && row.first().isEmpty()))
             rows.append(row);
         row.clear();
+        rowStart = next;
     };
 
     const qsizetype size = text.size();
     const QChar *data = text.constData();
     for (qsizetype i = 0; i < size; ++i) {
+        if (i - rowStart >= kMaxCsvRowChars || row.size() >= kMaxCsvRowFields) {
+            if (refusal)
+                *refusal = tr("\"%1\" was not imported: one of its rows is longer than %2 characters or "
+                              "%3 fields. The file may be damaged, or it is no CSV file.")
+                               .arg(fileName(path))
+                               .arg(kMaxCsvRowChars)
+                               .arg(kMaxCsvRowFields);
+            return {};
+        }
         const QChar c = data[i];
         if (inQuotes) {
             if (c == QLatin1Char('"')) {
@@ -558,7 +591,7 @@ QList<QStringList> ImportService::parseCsv(const QString &text)
         case u',': endField(); break;
         case u'\n':
             endField();
-            endRow();
+            endRow(i + 1);
             break;
         case u'\r': break;
         default: field.append(c); break;
@@ -566,9 +599,19 @@ QList<QStringList> ImportService::parseCsv(const QString &text)
     }
     if (!field.isEmpty() || !row.isEmpty()) {
         endField();
-        endRow();
+        endRow(size);
     }
     return rows;
+}
+
+QString ImportService::textRefusal(const QString &path, const QString &text)
+{
+    // No text file holds one; read on, a NUL would end up inside a name or cut "3\0.00" to 0.00.
+    if (!text.contains(QChar(0)))
+        return {};
+    return tr("\"%1\" was not imported: it contains a NUL character, which no CSV or QIF file holds. The "
+              "file may be damaged, or it is of another kind.")
+        .arg(fileName(path));
 }
 
 namespace {
@@ -648,10 +691,16 @@ ImportResult ImportService::importCsvFile(const QString &path, const QString &ac
                                           const CsvImportOptions &options)
 {
     ImportResult result;
-    const std::optional<QString> text = readText(path);
-    if (!text)
+    const std::optional<FileText> read = readText(path);
+    if (!read)
         return result;
-    const QList<QStringList> rows = parseCsv(*text);
+    QString refusal = read->refusal;
+    const QList<QStringList> rows =
+        refusal.isEmpty() ? parseCsv(read->text, path, &refusal) : QList<QStringList>();
+    if (!refusal.isEmpty()) {
+        result.refusedFiles << refusal;
+        return result;
+    }
 
     QSet<QString> keys;
     for (const Transaction &t : m_transactions->getByAccount(accountId))
@@ -729,10 +778,14 @@ QifAnalysis ImportService::analyzeQifFiles(const QStringList &paths)
     QifAnalysis analysis;
     QSet<QString> seen;
     for (const QString &path : paths) {
-        const std::optional<QString> text = readText(path);
-        if (!text)
+        const std::optional<FileText> read = readText(path);
+        if (!read)
             continue;
-        const QifParseResult parsed = QifParser::parse(*text, QifDateOrder::Auto);
+        if (!read->refusal.isEmpty()) {
+            analysis.refusedFiles << read->refusal;
+            continue;
+        }
+        const QifParseResult parsed = QifParser::parse(read->text, QifDateOrder::Auto);
         analysis.transactionCount += int(parsed.transactions.size());
         if (parsed.accounts.isEmpty()) {
             QifSourceAccount source;

@@ -25,8 +25,18 @@ public:
     ImportService(TransactionRepository *transactions, CategoryRepository *categories,
                   SplitLineRepository *splitLines, QObject *parent = nullptr);
 
+    // A row may hold no more than this; a file with a longer one is refused rather than read, since
+    // each field costs more memory than the comma it came from.
+    static constexpr qsizetype kMaxCsvRowFields = 4096;
+    static constexpr qsizetype kMaxCsvRowChars = 1 << 20;
+
     // Comma-separated, double quotes; every field trimmed, blank lines dropped, rows may differ in width.
+    // A row past the limits above gives no rows at all.
     static QList<QStringList> parseCsv(const QString &text);
+    // The same; a row past the limits sets *refusal to a sentence that names the file.
+    static QList<QStringList> parseCsv(const QString &text, const QString &path, QString *refusal);
+    // Why a file's decoded text is refused, in the user's words, or empty: it holds a NUL character.
+    static QString textRefusal(const QString &path, const QString &text);
     // Tries twelve forms, month first before day first; two-digit years fall in the 1900s.
     static QDate parseImportDate(const QString &text);
     // "%1|%2|%3" of the ISO date, the cents and the payee as it stands.

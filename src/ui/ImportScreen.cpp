@@ -196,7 +196,6 @@ QWidget *ImportScreen::buildCsvSection()
     m_preview = new QTableWidget(section);
     m_preview->setObjectName(QStringLiteral("previewTable"));
     m_preview->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_preview->verticalHeader()->hide();
     m_preview->setWordWrap(false);
     m_preview->horizontalHeader()->setStretchLastSection(true);
     layout->addWidget(m_preview, 1);
@@ -243,6 +242,7 @@ void ImportScreen::connectSignals()
     connect(m_browseButton, &QPushButton::clicked, this, &ImportScreen::selectFile);
     connect(m_importButton, &QPushButton::clicked, this, &ImportScreen::runImport);
     connect(m_doneButton, &QPushButton::clicked, this, &ImportScreen::onDone);
+    connect(m_headerCheck, &QCheckBox::toggled, this, &ImportScreen::markHeaderRow);
 }
 
 void ImportScreen::refresh()
@@ -283,6 +283,22 @@ void ImportScreen::clearFileChoice()
     m_preview->clear();
     m_preview->setRowCount(0);
     m_preview->setColumnCount(0);
+    updateImportButton();
+}
+
+// Import with nothing chosen would do nothing; the button says so before it is pressed.
+void ImportScreen::updateImportButton()
+{
+    m_importButton->setEnabled(isQif() ? !m_qifPaths.isEmpty() : !m_csvPath.isEmpty());
+}
+
+bool ImportScreen::refuseFiles(const QStringList &reasons)
+{
+    if (reasons.isEmpty())
+        return false;
+    Prompt::warning(this, tr("File Not Imported"), reasons.join(QStringLiteral("\n\n")), QMessageBox::Ok,
+                    QMessageBox::Ok);
+    return true;
 }
 
 void ImportScreen::selectFile()
@@ -299,7 +315,9 @@ void ImportScreen::selectFile()
         m_qifPaths.clear();
         m_fileLabel->setText(fileName(path));
         m_fileLabel->setToolTip(path);
-        loadPreview();
+        if (!loadPreview())
+            clearFileChoice();
+        updateImportButton();
         return;
     }
 
@@ -323,21 +341,31 @@ void ImportScreen::selectFile()
     const QifAnalysis analysis = m_state->importService()->analyzeQifFiles(paths);
     progress.close();
 
+    // The import leaves refused files out as well; only when none is left is there nothing to import.
+    if (refuseFiles(analysis.refusedFiles) && analysis.refusedFiles.size() == paths.size())
+        clearFileChoice();
     if (!analysis.sources.isEmpty()) {
         buildMappingRows(analysis.sources);
         m_qifSection->show();
     }
+    updateImportButton();
 }
 
-void ImportScreen::loadPreview()
+// False when the file is refused.
+bool ImportScreen::loadPreview()
 {
     // The preview reads UTF-8 only; the import itself decodes as the file needs.
     QFile file(m_csvPath);
     if (!file.open(QIODevice::ReadOnly | QIODevice::Text))
-        return;
-    const QList<QStringList> rows = ImportService::parseCsv(QString::fromUtf8(file.readAll()));
+        return true;
+    const QString text = QString::fromUtf8(file.readAll());
+    QString refusal = ImportService::textRefusal(m_csvPath, text);
+    const QList<QStringList> rows =
+        refusal.isEmpty() ? ImportService::parseCsv(text, m_csvPath, &refusal) : QList<QStringList>();
+    if (refuseFiles(refusal.isEmpty() ? QStringList() : QStringList{refusal}))
+        return false;
     if (rows.isEmpty())
-        return;
+        return true;
     m_previewRows = rows;
     const int columns = int(rows.first().size());
     fillColumnCombos(columns);
@@ -347,6 +375,7 @@ void ImportScreen::loadPreview()
         m_amountColumn->setCurrentIndex(2);
     }
     fillPreviewTable(columns);
+    return true;
 }
 
 void ImportScreen::fillColumnCombos(int columns)
@@ -388,6 +417,30 @@ void ImportScreen::fillPreviewTable(int columns)
         const QStringList &row = m_previewRows.at(r);
         for (int c = 0; c < columns && c < row.size(); ++c)
             m_preview->setItem(r, c, new QTableWidgetItem(row.at(c)));
+    }
+    markHeaderRow();
+}
+
+// The first row stays in the preview either way, but a header is labelled and set apart, so that it
+// does not read as a transaction about to be imported.
+void ImportScreen::markHeaderRow()
+{
+    const int rows = m_preview->rowCount();
+    if (rows == 0)
+        return;
+    const bool header = m_headerCheck->isChecked();
+    QStringList labels;
+    for (int r = 0; r < rows; ++r)
+        labels << (header && r == 0 ? tr("Header") : QString::number(header ? r : r + 1));
+    m_preview->setVerticalHeaderLabels(labels);
+    QFont font = m_preview->font();
+    font.setBold(header);
+    for (int c = 0; c < m_preview->columnCount(); ++c) {
+        if (QTableWidgetItem *item = m_preview->item(0, c)) {
+            item->setFont(font);
+            item->setForeground(header ? m_preview->palette().brush(QPalette::PlaceholderText) : QBrush());
+            item->setToolTip(header ? tr("Column names: this row is not imported") : QString());
+        }
     }
 }
 
@@ -574,8 +627,12 @@ QString ImportScreen::resultText(const ImportResult &result, int unreadableFiles
         lines << tr("%n record(s) skipped (unmapped source account)", nullptr, result.unmappedRecords);
     if (result.insertFailures > 0)
         lines << tr("%n record(s) skipped (database error \u2014 see log)", nullptr, result.insertFailures);
+    if (result.splitLinesDropped > 0)
+        lines << tr("%n split line(s) left out (no category)", nullptr, result.splitLinesDropped);
     if (unreadableFiles > 0)
         lines << tr("%n file(s) could not be opened", nullptr, unreadableFiles);
+    for (const QString &refusal : result.refusedFiles)
+        lines << QString() << refusal;
     return lines.join(QLatin1Char('\n'));
 }
 
@@ -592,4 +649,5 @@ void ImportScreen::reset()
     onFormatChanged();
     m_resultText->clear();
     m_pages->setCurrentIndex(0);
+    updateImportButton();
 }

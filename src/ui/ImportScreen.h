@@ -59,7 +59,11 @@ private:
     bool isQif() const;
     void onFormatChanged();
     void clearFileChoice();
-    void loadPreview();
+    void updateImportButton();
+    // Leaves the files out with a warning that says why; true when there was anything to say.
+    bool refuseFiles(const QStringList &reasons);
+    bool loadPreview();
+    void markHeaderRow();
     void fillColumnCombos(int columns);
     void fillPreviewTable(int columns);
     void buildMappingRows(const QList<QifSourceAccount> &sources);

@@ -45,6 +45,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSettings>
 #include <QShortcut>
 #include <QSplitter>
@@ -203,6 +204,7 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
 
     showRecurringDue();
     showInitialPage();
+    m_pageChosen = true;
 }
 
 // A pull writes row by row and each write signals; the list is rebuilt once for all of them, when
@@ -472,6 +474,7 @@ void MainWindow::rebuildListStyle()
 void MainWindow::onAccountsChanged()
 {
     const QList<Account> accounts = m_state->accounts()->getAll();
+    const bool hadAccounts = m_accountList->count() > 0;
     // Rebuilding the items moves rows; that must not be taken for a drag.
     const QSignalBlocker blockModel(m_accountList->model());
     m_accountList->clear();
@@ -552,6 +555,9 @@ void MainWindow::onAccountsChanged()
         if (m_accountList->item(row)->data(Qt::UserRole).toString() == current)
             m_accountList->setCurrentRow(row);
     }
+    // The first accounts (sample data, an import, a restored backup) end the page that asks for one.
+    if (m_pageChosen && !hadAccounts && !accounts.isEmpty() && m_stack->currentWidget() != m_registerPage)
+        showInitialPage();
 }
 
 void MainWindow::onTransactionsChanged(const QString &accountId)
@@ -810,7 +816,11 @@ void MainWindow::presentScreen(QWidget *screen, const QString &title, const QSiz
     screen->setWindowTitle(title);
     if (!screen->parentWidget()) {
         screen->setParent(this, Qt::Window);
-        screen->resize(defaultSize);
+        // The sizes fit the normal font; under a larger one the columns and figures need more room.
+        QSize grown = defaultSize * (ThemeManager::currentFontScale() / 100.0);
+        if (const QScreen *display = this->screen())
+            grown = grown.boundedTo(display->availableGeometry().size());
+        screen->resize(defaultSize.expandedTo(grown));
     }
     if (screen->isMinimized())
         screen->setWindowState(screen->windowState() & ~Qt::WindowMinimized);

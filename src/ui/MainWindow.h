@@ -114,4 +114,6 @@ private:
     CategoriesScreen *m_categoriesScreen = nullptr;
     PayeeScreen *m_payeeScreen = nullptr;
     ImportScreen *m_importScreen = nullptr;
+    // Until the constructor has chosen its page, a new list of accounts leaves the page alone.
+    bool m_pageChosen = false;
 };

@@ -1,10 +1,12 @@
 #include "ui/Prompt.h"
 
 #include <QDialog>
+#include <QDir>
 #include <QFileDialog>
 #include <QInputDialog>
 #include <QList>
 #include <QPushButton>
+#include <QStandardPaths>
 
 namespace {
 
@@ -103,33 +105,41 @@ int Prompt::exec(QDialog *dialog)
     return dialog->exec();
 }
 
+QString Prompt::startDirectory()
+{
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return !documents.isEmpty() && QDir(documents).exists() ? documents : QDir::homePath();
+}
+
 QString Prompt::saveFileName(QWidget *parent, const QString &title, const QString &name,
                              const QString &filter)
 {
     Scripted &s = scripted();
     s.lastTitle = title;
-    s.lastText = name;
+    s.lastText = QDir(startDirectory()).filePath(name);
     if (!s.fileNames.isEmpty())
         return s.fileNames.takeFirst();
-    return QFileDialog::getSaveFileName(parent, title, name, filter);
+    return QFileDialog::getSaveFileName(parent, title, s.lastText, filter);
 }
 
 QString Prompt::openFileName(QWidget *parent, const QString &title, const QString &filter)
 {
     Scripted &s = scripted();
     s.lastTitle = title;
+    s.lastText = startDirectory();
     if (!s.openFileNames.isEmpty())
         return s.openFileNames.takeFirst().value(0);
-    return QFileDialog::getOpenFileName(parent, title, QString(), filter);
+    return QFileDialog::getOpenFileName(parent, title, s.lastText, filter);
 }
 
 QStringList Prompt::openFileNames(QWidget *parent, const QString &title, const QString &filter)
 {
     Scripted &s = scripted();
     s.lastTitle = title;
+    s.lastText = startDirectory();
     if (!s.openFileNames.isEmpty())
         return s.openFileNames.takeFirst();
-    return QFileDialog::getOpenFileNames(parent, title, QString(), filter);
+    return QFileDialog::getOpenFileNames(parent, title, s.lastText, filter);
 }
 
 std::optional<QString> Prompt::getItem(QWidget *parent, const QString &title, const QString &label,

@@ -29,7 +29,10 @@ public:
     static bool offer(QWidget *parent, const QString &title, const QString &text, const QString &acceptText);
     // Runs a form modally and gives its result code.
     static int exec(QDialog *dialog);
-    // The save dialog, proposing name; an empty result means the user cancelled.
+    // File dialogs start in the user's documents folder (home when there is none), not in the working
+    // directory, which for a program started from a menu is nowhere the user chose.
+    static QString startDirectory();
+    // The save dialog, proposing name there; an empty result means the user cancelled.
     static QString saveFileName(QWidget *parent, const QString &title, const QString &name,
                                 const QString &filter);
     // The open dialog; empty when the user cancelled.
@@ -53,5 +56,6 @@ public:
     // Tests only: the next list choice is not shown and gives this item; an empty one is a cancel.
     static void setNextItem(const QString &item);
     static QString lastTitle();
+    // For a file dialog: the proposed path of a save, the start directory of an open.
     static QString lastText();
 };

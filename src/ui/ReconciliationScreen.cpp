@@ -33,6 +33,7 @@
 namespace {
 
 constexpr double kBalanceLimit = 99999999.99;
+constexpr int kPanelWidth = 310;
 
 constexpr int kAmountFontRole = 7;
 
@@ -82,7 +83,13 @@ void ReconciliationScreen::setupUi()
 QWidget *ReconciliationScreen::buildFiguresPanel()
 {
     auto *panel = new QWidget(this);
-    panel->setFixedWidth(310);
+    // 310 at the normal scale; the figures are text, so the panel grows with it rather than wrapping
+    // "Cleared Withdrawals" under a large font.
+    const auto fitPanel = [panel] {
+        panel->setFixedWidth(kPanelWidth * ThemeManager::currentFontScale() / 100);
+    };
+    fitPanel();
+    connect(m_state->themeManager(), &ThemeManager::fontScaleChanged, panel, fitPanel);
     auto *layout = new QVBoxLayout(panel);
     layout->setContentsMargins(0, 0, 8, 0);
 
@@ -112,7 +119,7 @@ QWidget *ReconciliationScreen::buildFiguresPanel()
     grid->setColumnStretch(0, 1);
     const auto addFigure = [&](int row, const QString &label, const char *objectName) {
         QLabel *name = figureLabel(label, panel);
-        // At a large font scale a long name wraps rather than hiding behind its figure.
+        // A long translated name wraps rather than hiding behind its figure.
         name->setWordWrap(true);
         grid->addWidget(name, row, 0);
         QLabel *value = figureLabel(QString(), panel);
@@ -135,14 +142,12 @@ QWidget *ReconciliationScreen::buildFiguresPanel()
 
     auto *differenceRow = new QHBoxLayout;
     auto *differenceLabel = new QLabel(tr("Difference"), panel);
-    QFont bold = differenceLabel->font();
-    bold.setBold(true);
-    differenceLabel->setFont(bold);
+    applyBoldFontRole(differenceLabel, 0);
     differenceRow->addWidget(differenceLabel);
     differenceRow->addStretch();
     m_differenceValue = new QLabel(panel);
     m_differenceValue->setObjectName(QStringLiteral("differenceValue"));
-    m_differenceValue->setFont(bold);
+    applyBoldFontRole(m_differenceValue, 0);
     differenceRow->addWidget(m_differenceValue);
     layout->addLayout(differenceRow);
     layout->addSpacing(12);
@@ -150,10 +155,6 @@ QWidget *ReconciliationScreen::buildFiguresPanel()
     m_finishButton = new QPushButton(tr("Finish Reconciliation"), panel);
     m_finishButton->setObjectName(QStringLiteral("finishButton"));
     applyPrimaryButtonStyle(m_finishButton);
-    // The primary style has no disabled look, and a teal button that does nothing reads as broken.
-    m_finishButton->setStyleSheet(m_finishButton->styleSheet() +
-                                  QStringLiteral("QPushButton:disabled { background-color: palette(button);"
-                                                 " color: #6E8A7E; border: 1px solid palette(mid); }"));
     m_finishButton->setEnabled(false);
     layout->addWidget(m_finishButton);
     m_cancelButton = new QPushButton(tr("Cancel"), panel);
@@ -228,6 +229,11 @@ void ReconciliationScreen::setupShortcuts()
     bind({QKeySequence(Qt::Key_F2)}, &ReconciliationScreen::editSelectedTransaction);
     bind(QKeySequence::keyBindings(QKeySequence::Delete) << QKeySequence(Qt::Key_Delete),
          &ReconciliationScreen::deleteSelectedTransaction);
+
+    // A window of its own, so Esc leaves it as Cancel does, from whichever field has the focus.
+    auto *escape = new QShortcut(QKeySequence(Qt::Key_Escape), this);
+    escape->setContext(Qt::WindowShortcut);
+    connect(escape, &QShortcut::activated, this, &ReconciliationScreen::cancelled);
 }
 
 void ReconciliationScreen::setAccount(const QString &accountId)

@@ -8,6 +8,7 @@
 #include "ui/Prompt.h"
 #include "ui/RecurringFormDialog.h"
 #include "ui/RecurringModel.h"
+#include "ui/UiStyle.h"
 
 #include <QEvent>
 #include <QHBoxLayout>
@@ -44,9 +45,8 @@ void RecurringScreen::setupUi()
 
     auto *top = new QHBoxLayout;
     auto *title = new QLabel(tr("Recurring Transactions"), this);
-    QFont bold = title->font();
-    bold.setBold(true);
-    title->setFont(bold);
+    // A font of its own would stay at the size it was made with when the scale changes.
+    applyBoldFontRole(title, 0);
     top->addWidget(title);
     m_dueLabel = new QLabel(this);
     m_dueLabel->setObjectName(QStringLiteral("dueLabel"));

@@ -45,6 +45,16 @@ void StatusBar::setupUi()
     m_recurringDueLabel->hide();
     m_progressLabel->hide();
     m_progressBar->hide();
+    // The status bar hides its left widgets for a message only when they are visible at that moment; a
+    // message shown before the window, or a label shown during one, would be drawn over otherwise.
+    connect(this, &QStatusBar::messageChanged, this, &StatusBar::placeLeftLabels);
+}
+
+void StatusBar::placeLeftLabels()
+{
+    const bool message = !currentMessage().isEmpty();
+    m_accountCountLabel->setVisible(!message);
+    m_recurringDueLabel->setVisible(!message && m_recurringDue > 0);
 }
 
 void StatusBar::setAccountCount(int count)
@@ -54,13 +64,12 @@ void StatusBar::setAccountCount(int count)
 
 void StatusBar::setRecurringDue(int count)
 {
-    if (count <= 0) {
-        m_recurringDueLabel->hide();
-        return;
+    m_recurringDue = count;
+    if (count > 0) {
+        m_recurringDueLabel->setText(tr("  •  %n recurring due", nullptr, count));
+        applyRecurringStyle();
     }
-    m_recurringDueLabel->setText(tr("  •  %n recurring due", nullptr, count));
-    applyRecurringStyle();
-    m_recurringDueLabel->show();
+    placeLeftLabels();
 }
 
 void StatusBar::setSyncText(const QString &text)

@@ -29,10 +29,13 @@ public:
 private:
     void setupUi();
     void applyRecurringStyle();
+    // A message and the left labels share one place: while a message shows, the labels stand aside.
+    void placeLeftLabels();
 
     QLabel *m_accountCountLabel = nullptr;
     QLabel *m_recurringDueLabel = nullptr;
     QLabel *m_progressLabel = nullptr;
     QProgressBar *m_progressBar = nullptr;
     QLabel *m_syncLabel = nullptr;
+    int m_recurringDue = 0;
 };

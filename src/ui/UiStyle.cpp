@@ -18,6 +18,15 @@ void applyFontRole(QWidget *widget, int role, bool italic)
     widget->setFont(font);
 }
 
+void applyBoldFontRole(QWidget *widget, int role)
+{
+    widget->setProperty("halcFontWeight", int(QFont::Bold));
+    applyFontRole(widget, role);
+    QFont font = widget->font();
+    font.setWeight(QFont::Bold);
+    widget->setFont(font);
+}
+
 void applyPrimaryButtonStyle(QPushButton *button)
 {
     button->setStyleSheet(
@@ -25,7 +34,11 @@ void applyPrimaryButtonStyle(QPushButton *button)
                        " border-radius: 4px; padding: 6px 16px; font-weight: 600;"
                        " min-width: 80px; }"
                        "QPushButton:hover { background-color: #00796B; }"
-                       "QPushButton:pressed { background-color: #004D40; }"));
+                       "QPushButton:pressed { background-color: #004D40; }"
+                       // Teal that does nothing reads as broken: a disabled one looks like any
+                       // disabled button.
+                       "QPushButton:disabled { background-color: palette(button); color: #6E8A7E;"
+                       " border: 1px solid palette(mid); }"));
     button->setCursor(Qt::PointingHandCursor);
 }
 

@@ -12,6 +12,9 @@ class QWidget;
 // role's font now.
 void applyFontRole(QWidget *widget, int role, bool italic = false);
 
+// The role's font in bold, kept bold when the theme refonts it.
+void applyBoldFontRole(QWidget *widget, int role);
+
 // Teal filled button for the one action a page leads to.
 void applyPrimaryButtonStyle(QPushButton *button);
 

@@ -3,10 +3,16 @@
 #include "support/TempDatabase.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTest>
 
+#include <memory>
 #include <optional>
 
 class TstThemeManager : public QObject {
@@ -153,6 +159,75 @@ private slots:
         QCOMPARE(ThemeManager::positiveColor(), QColor(dark ? 0x66BB6A : 0x2E7D32));
         QCOMPARE(ThemeManager::negativeColor(), QColor(dark ? 0xFF8A80 : 0xC62828));
         QCOMPARE(ThemeManager::warningColor(), QColor(dark ? 0xFFA726 : 0xE65100));
+    }
+
+    void styledWidgetsTakeTheNewPalette_data()
+    {
+        QTest::addColumn<ThemeManager::Theme>("from");
+        QTest::addColumn<ThemeManager::Theme>("to");
+        QTest::addColumn<QColor>("base");
+        QTest::newRow("light to dark") << ThemeManager::Light << ThemeManager::Dark << QColor(0x152420);
+        QTest::newRow("dark to light") << ThemeManager::Dark << ThemeManager::Light << QColor(0xFFFFFF);
+    }
+
+    // A widget with a style sheet of its own keeps the palette it was polished with unless it is polished
+    // anew; an open window would stay half in the old theme.
+    void styledWidgetsTakeTheNewPalette()
+    {
+        QFETCH(ThemeManager::Theme, from);
+        QFETCH(ThemeManager::Theme, to);
+        QFETCH(QColor, base);
+        m_theme->setTheme(from);
+        QWidget window;
+        auto *list = new QListWidget(&window);
+        list->setStyleSheet(
+            QStringLiteral("QListWidget { outline: none; } QListWidget::item { padding: 6px 8px; }"));
+        auto *child = new QListWidget(&window);
+        window.setStyleSheet(QStringLiteral("QPushButton { padding: 2px; }"));
+        window.show();
+
+        m_theme->setTheme(to);
+        for (const QListWidget *widget : {list, child}) {
+            QCOMPARE(widget->palette().color(QPalette::Base), base);
+            QCOMPARE(widget->palette().color(QPalette::Text), QApplication::palette().color(QPalette::Text));
+        }
+    }
+
+    void darkOutlinesRead_data()
+    {
+        QTest::addColumn<QString>("kind");
+        QTest::newRow("unchecked check box") << "check";
+        QTest::newRow("unchecked radio button") << "radio";
+        QTest::newRow("line edit frame") << "edit";
+        QTest::newRow("disabled button") << "disabled";
+    }
+
+    // On the dark window an unchecked box, a field or a disabled button must show some line that
+    // stands apart from the window colour, or the user cannot see it is there.
+    void darkOutlinesRead()
+    {
+        QFETCH(QString, kind);
+        m_theme->setTheme(ThemeManager::Dark);
+        QWidget *widget = nullptr;
+        if (kind == QLatin1String("check"))
+            widget = new QCheckBox;
+        else if (kind == QLatin1String("radio"))
+            widget = new QRadioButton;
+        else if (kind == QLatin1String("edit"))
+            widget = new QLineEdit;
+        else
+            widget = new QPushButton(QStringLiteral("      "));
+        widget->setEnabled(kind != QLatin1String("disabled"));
+        std::unique_ptr<QWidget> owner(widget);
+        widget->resize(widget->sizeHint());
+        const QImage image = widget->grab().toImage();
+        const int window = QApplication::palette().color(QPalette::Window).lightness();
+        int contrast = 0;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x)
+                contrast = std::max(contrast, std::abs(image.pixelColor(x, y).lightness() - window));
+        }
+        QVERIFY2(contrast >= 50, qPrintable(QStringLiteral("lightness difference %1").arg(contrast)));
     }
 };
 

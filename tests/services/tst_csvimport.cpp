@@ -30,6 +30,8 @@ private slots:
     void chosenDateFormatFallsBackToDetection();
     void categoriesMatchExactly();
     void progressAndOneChangeSignal();
+    void brokenFilesAreRefusedWhole_data();
+    void brokenFilesAreRefusedWhole();
 
 private:
     QString write(const QByteArray &bytes);
@@ -366,6 +368,44 @@ void TstCsvImport::progressAndOneChangeSignal()
     QCOMPARE(progress.at(1), (QList<QVariant>{200, 205}));
     QCOMPARE(progress.at(2), (QList<QVariant>{205, 205}));
     QCOMPARE(changed.count(), 1);
+}
+
+
+void TstCsvImport::brokenFilesAreRefusedWhole_data()
+{
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::addColumn<bool>("refused");
+    const QByteArray good("Date,Payee,Amount\n2024-01-02,Shop,-5.00\n");
+    const qsizetype fields = ImportService::kMaxCsvRowFields;
+    QTest::newRow("NUL inside an amount") << good + QByteArrayLiteral("2024-01-03,Shop,3\0.00\n") << true;
+    QTest::newRow("UTF-16 is not NUL") << QByteArrayLiteral("\xFF\xFE"
+                                                            "D\0,\0\n\0")
+                                       << false;
+    QTest::newRow("fields at the limit") << good + QByteArray(fields - 1, ',') + '\n' << false;
+    QTest::newRow("one field more") << good + QByteArray(fields, ',') + '\n' << true;
+    QTest::newRow("a field too long") << good + '"' + QByteArray(ImportService::kMaxCsvRowChars, 'x') + "\"\n"
+                                      << true;
+}
+
+// A NUL or a row that would take many times its size in memory is no bank export; nothing of the
+// file goes in, and the reason names it.
+void TstCsvImport::brokenFilesAreRefusedWhole()
+{
+    QFETCH(QByteArray, bytes);
+    QFETCH(bool, refused);
+    CsvImportOptions options;
+    options.dateColumn = 0;
+    options.payeeColumn = 1;
+    options.amountColumn = 2;
+    QSignalSpy started(m_service.get(), &ImportService::importStarted);
+    const ImportResult r = import(bytes, options);
+    QCOMPARE(r.refusedFiles.size(), refused ? 1 : 0);
+    if (refused) {
+        QVERIFY(r.refusedFiles.first().contains(QStringLiteral("file%1.csv").arg(m_fileCount)));
+        QCOMPARE(r.imported + r.skippedRecords, 0);
+        QCOMPARE(started.count(), 0);
+        QVERIFY(rows().isEmpty());
+    }
 }
 
 QTEST_GUILESS_MAIN(TstCsvImport)

@@ -35,6 +35,8 @@ private slots:
     void noPathsAndUnreadableFiles();
     void progressEveryHundredRecords();
     void analysisListsEachSourceOnce();
+    void fileWithANulIsRefused_data();
+    void fileWithANulIsRefused();
 
 private:
     QString write(const QString &name, const QString &text);
@@ -420,7 +422,8 @@ void TstQifImport::splitsAndCategories()
         write(QStringLiteral("c.qif"), QStringLiteral("!Type:Cat\nNSalary\nI\n^\nNfood\nE\n^\nNSalary\nE\n^\n"
                                                       "!Account\nNChecking\n^\n!Type:Bank\n"
                                                       "D2/1/2024\nT-15\nPMarket\nL--Split--\n"
-                                                      "SFood\n$-10\nEBread\nShome\n$-5\nEsoap\n^\n"
+                                                      "SFood\n$-10\nEBread\nShome\n$-5\nEsoap\n"
+                                                      "S\n$-1\nEstamp\n^\n"
                                                       "D2/2/2024\nT3000\nPEmployer\nLSalary\n^\n"));
     const ImportResult r = m_service->importQifFiles(
         {
@@ -428,6 +431,8 @@ void TstQifImport::splitsAndCategories()
     },
         Map{{QStringLiteral("Checking"), QStringLiteral("chk")}});
     QCOMPARE(r.imported, 2);
+    // The table keeps no line without a category; the user is told how many went.
+    QCOMPARE(r.splitLinesDropped, 1);
 
     const auto category = [this](const QString &name) { return m_categories->getByName(name); };
     QCOMPARE(category(QStringLiteral("Salary"))->categoryType, CategoryType::Income);
@@ -554,6 +559,39 @@ void TstQifImport::analysisListsEachSourceOnce()
     QCOMPARE(analysis.sources.last().displayName, QStringLiteral("bare.qif (no account header)"));
     QVERIFY(analysis.sources.last().noAccountHeader);
     QVERIFY(!analysis.sources.first().noAccountHeader);
+}
+
+
+void TstQifImport::fileWithANulIsRefused_data()
+{
+    QTest::addColumn<QString>("text");
+    const QChar nul(0);
+    QTest::newRow("in an account name")
+        << QStringLiteral("!Account\nNChe%1cking\n^\n!Type:Bank\nD1/1/2024\nT-5\n^\n").arg(nul);
+    QTest::newRow("in an amount") << QStringLiteral("!Type:Bank\nD1/1/2024\nT3%1.00\n^\n").arg(nul);
+}
+
+// Read on, the NUL would end up in a name or turn 3.00 into 0.00; the file is left out, the other stays.
+void TstQifImport::fileWithANulIsRefused()
+{
+    QFETCH(QString, text);
+    const QString bad = write(QStringLiteral("bad.qif"), text);
+    const QString good = write(QStringLiteral("good.qif"), kSavings);
+    const QifAnalysis analysis = m_service->analyzeQifFiles({bad, good});
+    QCOMPARE(analysis.sources.size(), 1);
+    QCOMPARE(analysis.refusedFiles.size(), 1);
+    QVERIFY(analysis.refusedFiles.first().contains(QStringLiteral("bad.qif")));
+
+    const ImportResult r = m_service->importQifFiles(
+        {
+            bad, good
+    },
+        Map{{bad, QStringLiteral("chk")},
+            {QStringLiteral("Checking"), QStringLiteral("chk")},
+            {QStringLiteral("Savings"), QStringLiteral("sav")}});
+    QCOMPARE(r.refusedFiles, analysis.refusedFiles);
+    QCOMPARE(r.imported, 1);
+    QVERIFY(m_transactions->getByAccount(QStringLiteral("chk")).isEmpty());
 }
 
 QTEST_GUILESS_MAIN(TstQifImport)

@@ -1,6 +1,7 @@
 #include "core/AppState.h"
 #include "data/AccountRepository.h"
 #include "data/TransactionRepository.h"
+#include "services/ImportService.h"
 #include "support/Fixtures.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/ImportScreen.h"
@@ -39,6 +40,9 @@ private slots:
     void qifRowsOfferCreateSkipAndAccounts();
     void qifDefaultsCreateAccounts();
     void qifAllSkipped();
+    void importNeedsAFileAndSetsTheHeaderApart();
+    void brokenFileIsRefusedWhenChosen_data();
+    void brokenFileIsRefusedWhenChosen();
     void resultText_data();
     void resultText();
     void menuOpensOneScreen();
@@ -275,6 +279,61 @@ void TstImportScreen::qifAllSkipped()
     QVERIFY(m_state->accounts()->getAll().isEmpty());
 }
 
+void TstImportScreen::importNeedsAFileAndSetsTheHeaderApart()
+{
+    const QString path = write(QStringLiteral("bank.csv"), "Date,Payee,Amount\n2024-02-01,Shop,-5\n");
+    m_screen = std::make_unique<ImportScreen>(m_state.get());
+    auto *import = child<QPushButton>("importButton");
+    QVERIFY(!import->isEnabled());
+
+    Prompt::setNextOpenFileNames({path});
+    child<QPushButton>("browseButton")->click();
+    QCOMPARE(Prompt::lastText(), Prompt::startDirectory());
+    QVERIFY(import->isEnabled());
+    // With the box ticked, the first row is no transaction and must not look like one.
+    auto *preview = child<QTableWidget>("previewTable");
+    QCOMPARE(preview->verticalHeaderItem(0)->text(), QStringLiteral("Header"));
+    QCOMPARE(preview->verticalHeaderItem(1)->text(), QStringLiteral("1"));
+    QVERIFY(preview->item(0, 0)->font().bold());
+    child<QCheckBox>("headerCheck")->setChecked(false);
+    QCOMPARE(preview->verticalHeaderItem(0)->text(), QStringLiteral("1"));
+    QVERIFY(!preview->item(0, 0)->font().bold());
+
+    child<QRadioButton>("qifRadio")->click();
+    QVERIFY(!import->isEnabled());
+}
+
+void TstImportScreen::brokenFileIsRefusedWhenChosen_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("bytes");
+    QTest::newRow("CSV with a NUL") << "a.csv"
+                                    << QByteArrayLiteral("Date,Payee,Amount\n2024-02-01,Sh\0op,-5\n");
+    QTest::newRow("CSV row of commas") << "b.csv" << QByteArray(ImportService::kMaxCsvRowFields + 1, ',');
+    QTest::newRow("QIF with a NUL") << "c.qif" << QByteArrayLiteral("!Type:Bank\nD1/1/2024\nT3\0.00\n^\n");
+}
+
+void TstImportScreen::brokenFileIsRefusedWhenChosen()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, bytes);
+    const QString path = write(name, bytes);
+    m_screen = std::make_unique<ImportScreen>(m_state.get());
+    if (name.endsWith(QLatin1String(".qif"))) {
+        Prompt::setNextAnswer(QMessageBox::Ok);
+        chooseQif({path});
+    } else {
+        Prompt::setNextOpenFileNames({path});
+        Prompt::setNextAnswer(QMessageBox::Ok);
+        child<QPushButton>("browseButton")->click();
+    }
+    QCOMPARE(Prompt::lastTitle(), QStringLiteral("File Not Imported"));
+    QVERIFY(Prompt::lastText().contains(name));
+    QCOMPARE(child<QLabel>("fileLabel")->text(), QStringLiteral("No file selected"));
+    QVERIFY(!child<QPushButton>("importButton")->isEnabled());
+    QVERIFY(mappingCombos().isEmpty());
+}
+
 void TstImportScreen::resultText_data()
 {
     QTest::addColumn<ImportResult>("result");
@@ -289,15 +348,18 @@ void TstImportScreen::resultText_data()
     all.metadataRecords = 6;
     all.unmappedRecords = 7;
     all.insertFailures = 8;
-    QTest::newRow("every line") << all << 0
-                                << QStringLiteral(
-                                       "Import complete!\n\n12 transaction(s) imported\n"
-                                       "3 transfer(s) linked across accounts\n"
-                                       "  (including 1 linked to previously imported row(s))\n"
-                                       "4 duplicate(s) skipped\n5 record(s) skipped (unparseable)\n"
-                                       "6 metadata record(s) skipped\n"
-                                       "7 record(s) skipped (unmapped source account)\n"
-                                       "8 record(s) skipped (database error \u2014 see log)");
+    all.splitLinesDropped = 9;
+    all.refusedFiles << QStringLiteral("\"x.qif\" was not imported.");
+    QTest::newRow("every line")
+        << all << 0
+        << QStringLiteral("Import complete!\n\n12 transaction(s) imported\n"
+                          "3 transfer(s) linked across accounts\n"
+                          "  (including 1 linked to previously imported row(s))\n"
+                          "4 duplicate(s) skipped\n5 record(s) skipped (unparseable)\n"
+                          "6 metadata record(s) skipped\n"
+                          "7 record(s) skipped (unmapped source account)\n"
+                          "8 record(s) skipped (database error \u2014 see log)\n"
+                          "9 split line(s) left out (no category)\n\n\"x.qif\" was not imported.");
     ImportResult batchOnly;
     batchOnly.transfersLinked = 2;
     QTest::newRow("no retroactive line") << batchOnly << 0

@@ -2,6 +2,7 @@
 #include "account/Client.h"
 #include "core/AppState.h"
 #include "core/Dates.h"
+#include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
 #include "data/ReconciliationRepository.h"
 #include "data/RecurringRepository.h"
@@ -28,6 +29,7 @@
 #include <QMenuBar>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QStatusBar>
 #include <QTcpSocket>
@@ -77,6 +79,8 @@ private slots:
     void sampleDataEntriesOnlyInDevelopment();
     void sampleDataLoadsAndClearsFromTheMenu();
     void restoreInPreferencesReloadsTheList();
+    void anImportedFirstAccountOpensItsRegister();
+    void screensOpenLargerUnderALargeFont();
     void screensOpenOnceInWindowsOfTheirOwn_data();
     void screensOpenOnceInWindowsOfTheirOwn();
     void signInFromTheWelcomePageAndOut();
@@ -442,9 +446,13 @@ void TstMainWindow::sampleDataLoadsAndClearsFromTheMenu()
     auto *list = m_window->findChild<QListWidget *>(QStringLiteral("accountList"));
     auto *status = m_window->findChild<StatusBar *>();
 
+    QCOMPARE(m_window->currentPage(), m_window->welcomePage());
     trigger(QStringLiteral("Load &Sample Data"));
     QCOMPARE(list->count(), 3);
     QCOMPARE(status->currentMessage(), QStringLiteral("Sample data loaded"));
+    // The page that asks for a first account must not stay once there are some.
+    QCOMPARE(m_window->currentPage(), m_window->registerPage());
+    QCOMPARE(m_state->currentAccountId(), m_state->accounts()->getAll().first().id);
     Prompt::setNextAnswer(QMessageBox::Ok);
     trigger(QStringLiteral("Load &Sample Data"));
     QCOMPARE(Prompt::lastText(), QStringLiteral("Sample data is already loaded."));
@@ -482,6 +490,28 @@ void TstMainWindow::restoreInPreferencesReloadsTheList()
     m_window->showSettingsWindow();
     QCOMPARE(m_window->findChildren<SettingsScreen *>().size(), 1);
     QVERIFY(settings->findChild<QWidget *>(QStringLiteral("deletedAccountsSection"))->isHidden());
+}
+
+// A first QIF import makes its accounts through the repository before it writes any row.
+void TstMainWindow::anImportedFirstAccountOpensItsRegister()
+{
+    start();
+    QCOMPARE(m_window->currentPage(), m_window->welcomePage());
+    QVERIFY(m_state->accounts()->insert(Fixtures::account(QStringLiteral("q"), QStringLiteral("Checking"))));
+    QCOMPARE(m_window->currentPage(), m_window->registerPage());
+    QCOMPARE(m_state->currentAccountId(), QStringLiteral("q"));
+}
+
+void TstMainWindow::screensOpenLargerUnderALargeFont()
+{
+    start();
+    ThemeManager::setCurrentFontScale(150);
+    m_window->showRecurringWindow();
+    ThemeManager::setCurrentFontScale(100);
+    auto *recurring = m_window->findChild<RecurringScreen *>();
+    const QSize available = m_window->screen()->availableGeometry().size();
+    QCOMPARE(recurring->size(), QSize(700, 500).expandedTo(QSize(1050, 750).boundedTo(available)));
+    QVERIFY(recurring->width() > 700);
 }
 
 void TstMainWindow::screensOpenOnceInWindowsOfTheirOwn_data()

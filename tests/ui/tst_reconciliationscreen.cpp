@@ -35,6 +35,8 @@ private slots:
     void finishedRowsAreReconciledAndNeverComeBack();
     void ticksSurviveAnAddFromWithinAndADelete();
     void spaceWithoutACurrentRowIsSwallowed();
+    void escapeCancels_data();
+    void escapeCancels();
     void historyListsNewestFirstOrSaysThereIsNone();
 
 private:
@@ -293,6 +295,25 @@ void TstReconciliationScreen::spaceWithoutACurrentRowIsSwallowed()
     QCOMPARE(m_screen->difference(), before);
     QCOMPARE(table->verticalScrollBar()->value(), scroll);
     QVERIFY(!table->currentIndex().isValid());
+}
+
+void TstReconciliationScreen::escapeCancels_data()
+{
+    QTest::addColumn<QString>("focus"); // object name; empty: the table
+    QTest::newRow("table") << QString();
+    QTest::newRow("statement balance") << QStringLiteral("statementBalance");
+}
+
+void TstReconciliationScreen::escapeCancels()
+{
+    QFETCH(QString, focus);
+    add(QStringLiteral("payment"), QDate(2026, 2, 9), -1234, false);
+    open();
+    QWidget *target = focus.isEmpty() ? m_screen->table() : m_screen->findChild<QWidget *>(focus);
+    target->setFocus();
+    QSignalSpy cancelled(m_screen.get(), &ReconciliationScreen::cancelled);
+    QTest::keyClick(target, Qt::Key_Escape);
+    QCOMPARE(cancelled.size(), 1);
 }
 
 void TstReconciliationScreen::historyListsNewestFirstOrSaysThereIsNone()

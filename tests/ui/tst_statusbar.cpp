@@ -13,6 +13,8 @@ private slots:
     void setRecurringDue();
     void refreshColorsFollowsPalette();
     void showTimedMessageEndsProgress();
+    void messageKeepsLabelsAside_data();
+    void messageKeepsLabelsAside();
 };
 
 namespace {
@@ -98,6 +100,37 @@ void TstStatusBar::showTimedMessageEndsProgress()
     QVERIFY(progressBar->isHidden());
     QVERIFY(label(bar, "progressLabel")->isHidden());
     QCOMPARE(bar.currentMessage(), QStringLiteral("Imported 12 transactions."));
+}
+
+void TstStatusBar::messageKeepsLabelsAside_data()
+{
+    QTest::addColumn<bool>("shownFirst");
+    QTest::newRow("message before the window shows") << false;
+    QTest::newRow("count arrives during a message") << true;
+}
+
+// A message and the left labels drawn in one place are both unreadable.
+void TstStatusBar::messageKeepsLabelsAside()
+{
+    QFETCH(bool, shownFirst);
+    QWidget window;
+    auto *bar = new StatusBar(&window);
+    bar->setAccountCount(12);
+    if (shownFirst) {
+        window.show();
+        bar->showTimedMessage(QStringLiteral("Auto-posted 474 recurring transaction(s)"), 5000);
+        bar->setRecurringDue(6);
+    } else {
+        bar->setRecurringDue(6);
+        bar->showTimedMessage(QStringLiteral("Auto-posted 474 recurring transaction(s)"), 5000);
+        window.show();
+    }
+    QVERIFY(!label(*bar, "accountCountLabel")->isVisible());
+    QVERIFY(!label(*bar, "recurringDueLabel")->isVisible());
+
+    bar->clearMessage();
+    QVERIFY(label(*bar, "accountCountLabel")->isVisible());
+    QVERIFY(label(*bar, "recurringDueLabel")->isVisible());
 }
 
 QTEST_MAIN(TstStatusBar)
