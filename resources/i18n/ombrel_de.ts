@@ -101,6 +101,13 @@
     </message>
 </context>
 <context>
+    <name>AccountSharingService</name>
+    <message>
+        <source>Failed to share account (HTTP %1)</source>
+        <translation>Konto konnte nicht freigegeben werden (HTTP %1)</translation>
+    </message>
+</context>
+<context>
     <name>Application</name>
     <message>
         <source>Database Error</source>
@@ -494,6 +501,67 @@ Bitte prüfen Sie die Dateiberechtigungen und versuchen Sie es erneut.</translat
     </message>
 </context>
 <context>
+    <name>HalcUpdate</name>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>Versionshinweise werden geladen…</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*Für diese Version sind keine Versionshinweise verfügbar.*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::UpdateDialog</name>
+    <message>
+        <source>Update available</source>
+        <translation>Update verfügbar</translation>
+    </message>
+    <message>
+        <source>A new version of %1 is available.</source>
+        <translation>Eine neue Version von %1 ist verfügbar.</translation>
+    </message>
+    <message>
+        <source>You have version %1. The latest version is %2.</source>
+        <translation>Sie haben Version %1. Die neueste Version ist %2.</translation>
+    </message>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>Versionshinweise werden geladen…</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Herunterladen</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Später</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*Für diese Version sind keine Versionshinweise verfügbar.*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::WhatsNewDialog</name>
+    <message>
+        <source>What&apos;s New in %1 %2</source>
+        <translation>Neu in %1 %2</translation>
+    </message>
+    <message>
+        <source>What&apos;s new in %1 %2</source>
+        <translation>Neu in %1 %2</translation>
+    </message>
+    <message>
+        <source>You are running version %1</source>
+        <translation>Sie verwenden Version %1</translation>
+    </message>
+    <message>
+        <source>Download %1</source>
+        <translation>%1 herunterladen</translation>
+    </message>
+</context>
+<context>
     <name>ImportScreen</name>
     <message>
         <source>Import Transactions</source>
@@ -721,6 +789,25 @@ Bitte prüfen Sie die Dateiberechtigungen und versuchen Sie es erneut.</translat
             <numerusform>%n Dateien konnten nicht geöffnet werden</numerusform>
         </translation>
     </message>
+    <message>
+        <source>File Not Imported</source>
+        <translation>Datei nicht importiert</translation>
+    </message>
+    <message>
+        <source>Header</source>
+        <translation>Kopfzeile</translation>
+    </message>
+    <message>
+        <source>Column names: this row is not imported</source>
+        <translation>Spaltennamen: Diese Zeile wird nicht importiert</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n split line(s) left out (no category)</source>
+        <translation>
+            <numerusform>%n Aufteilungszeile ausgelassen (keine Kategorie)</numerusform>
+            <numerusform>%n Aufteilungszeilen ausgelassen (keine Kategorie)</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ImportService</name>
@@ -731,6 +818,14 @@ Bitte prüfen Sie die Dateiberechtigungen und versuchen Sie es erneut.</translat
     <message>
         <source>%1 (no account header)</source>
         <translation>%1 (ohne Kontokopf)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: one of its rows is longer than %2 characters or %3 fields. The file may be damaged, or it is no CSV file.</source>
+        <translation>„%1“ wurde nicht importiert: Eine Zeile ist länger als %2 Zeichen oder hat mehr als %3 Felder. Die Datei ist vielleicht beschädigt oder keine CSV-Datei.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: it contains a NUL character, which no CSV or QIF file holds. The file may be damaged, or it is of another kind.</source>
+        <translation>„%1“ wurde nicht importiert: Sie enthält ein NUL-Zeichen, das in keiner CSV- oder QIF-Datei vorkommt. Die Datei ist vielleicht beschädigt oder von anderer Art.</translation>
     </message>
 </context>
 <context>
@@ -1045,6 +1140,36 @@ Alle Buchungen, wiederkehrenden Buchungen und der Abgleich-Verlauf dieses Kontos
     <message>
         <source>Sample data cleared</source>
         <translation>Beispieldaten entfernt</translation>
+    </message>
+    <message>
+        <source>Signed in successfully</source>
+        <translation>Erfolgreich angemeldet</translation>
+    </message>
+    <message>
+        <source>Sign-in failed: %1</source>
+        <translation>Anmeldung fehlgeschlagen: %1</translation>
+    </message>
+    <message>
+        <source>Manage your account</source>
+        <translation>Konto verwalten</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Synchronisiert</translation>
+    </message>
+    <message>
+        <source>Halcyra Account</source>
+        <translation>Halcyra-Konto</translation>
+    </message>
+    <message>
+        <source>Signed in as %1
+%2</source>
+        <translation>Angemeldet als %1
+%2</translation>
+    </message>
+    <message>
+        <source>Learn More</source>
+        <translation>Mehr erfahren</translation>
     </message>
 </context>
 <context>
@@ -2290,6 +2415,29 @@ Melden Sie sich über Datei › Halcyra-Konto an, um die Synchronisierung zu akt
             <numerusform>  •  %n wiederkehrende fällig</numerusform>
             <numerusform>  •  %n wiederkehrende fällig</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SyncEngine</name>
+    <message>
+        <source>Synced</source>
+        <translation>Synchronisiert</translation>
+    </message>
+    <message>
+        <source>Syncing...</source>
+        <translation>Synchronisierung…</translation>
+    </message>
+    <message>
+        <source>Sync error</source>
+        <translation>Synchronisierungsfehler</translation>
+    </message>
+    <message>
+        <source>Offline</source>
+        <translation>Offline</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Unbekannt</translation>
     </message>
 </context>
 <context>

@@ -101,6 +101,13 @@
     </message>
 </context>
 <context>
+    <name>AccountSharingService</name>
+    <message>
+        <source>Failed to share account (HTTP %1)</source>
+        <translation>No se pudo compartir la cuenta (HTTP %1)</translation>
+    </message>
+</context>
+<context>
     <name>Application</name>
     <message>
         <source>Database Error</source>
@@ -494,6 +501,67 @@ Compruebe los permisos de los archivos e inténtelo de nuevo.</translation>
     </message>
 </context>
 <context>
+    <name>HalcUpdate</name>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>Cargando las notas de la versión…</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*No hay notas disponibles para esta versión.*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::UpdateDialog</name>
+    <message>
+        <source>Update available</source>
+        <translation>Actualización disponible</translation>
+    </message>
+    <message>
+        <source>A new version of %1 is available.</source>
+        <translation>Hay una nueva versión de %1 disponible.</translation>
+    </message>
+    <message>
+        <source>You have version %1. The latest version is %2.</source>
+        <translation>Tiene la versión %1. La versión más reciente es la %2.</translation>
+    </message>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>Cargando las notas de la versión…</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Descargar</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Más tarde</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*No hay notas disponibles para esta versión.*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::WhatsNewDialog</name>
+    <message>
+        <source>What&apos;s New in %1 %2</source>
+        <translation>Novedades de %1 %2</translation>
+    </message>
+    <message>
+        <source>What&apos;s new in %1 %2</source>
+        <translation>Novedades de %1 %2</translation>
+    </message>
+    <message>
+        <source>You are running version %1</source>
+        <translation>Está usando la versión %1</translation>
+    </message>
+    <message>
+        <source>Download %1</source>
+        <translation>Descargar %1</translation>
+    </message>
+</context>
+<context>
     <name>ImportScreen</name>
     <message>
         <source>Import Transactions</source>
@@ -721,6 +789,25 @@ Compruebe los permisos de los archivos e inténtelo de nuevo.</translation>
             <numerusform>No se pudieron abrir %n archivos</numerusform>
         </translation>
     </message>
+    <message>
+        <source>File Not Imported</source>
+        <translation>Archivo no importado</translation>
+    </message>
+    <message>
+        <source>Header</source>
+        <translation>Encabezado</translation>
+    </message>
+    <message>
+        <source>Column names: this row is not imported</source>
+        <translation>Nombres de columna: esta fila no se importa</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n split line(s) left out (no category)</source>
+        <translation>
+            <numerusform>%n línea de desglose omitida (sin categoría)</numerusform>
+            <numerusform>%n líneas de desglose omitidas (sin categoría)</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ImportService</name>
@@ -731,6 +818,14 @@ Compruebe los permisos de los archivos e inténtelo de nuevo.</translation>
     <message>
         <source>%1 (no account header)</source>
         <translation>%1 (sin encabezado de cuenta)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: one of its rows is longer than %2 characters or %3 fields. The file may be damaged, or it is no CSV file.</source>
+        <translation>«%1» no se importó: una de sus filas supera los %2 caracteres o los %3 campos. Puede que el archivo esté dañado o que no sea un archivo CSV.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: it contains a NUL character, which no CSV or QIF file holds. The file may be damaged, or it is of another kind.</source>
+        <translation>«%1» no se importó: contiene un carácter NUL, que ningún archivo CSV o QIF contiene. Puede que el archivo esté dañado o que sea de otro tipo.</translation>
     </message>
 </context>
 <context>
@@ -1045,6 +1140,36 @@ Se quitarán todas las transacciones, transacciones periódicas e historial de c
     <message>
         <source>Sample data cleared</source>
         <translation>Datos de ejemplo borrados</translation>
+    </message>
+    <message>
+        <source>Signed in successfully</source>
+        <translation>Sesión iniciada correctamente</translation>
+    </message>
+    <message>
+        <source>Sign-in failed: %1</source>
+        <translation>No se pudo iniciar sesión: %1</translation>
+    </message>
+    <message>
+        <source>Manage your account</source>
+        <translation>Gestionar su cuenta</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Sincronizado</translation>
+    </message>
+    <message>
+        <source>Halcyra Account</source>
+        <translation>Cuenta Halcyra</translation>
+    </message>
+    <message>
+        <source>Signed in as %1
+%2</source>
+        <translation>Sesión iniciada como %1
+%2</translation>
+    </message>
+    <message>
+        <source>Learn More</source>
+        <translation>Más información</translation>
     </message>
 </context>
 <context>
@@ -2290,6 +2415,29 @@ Se produjeron %n errores.</numerusform>
             <numerusform>  •  %n periódica vencida</numerusform>
             <numerusform>  •  %n periódicas vencidas</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SyncEngine</name>
+    <message>
+        <source>Synced</source>
+        <translation>Sincronizado</translation>
+    </message>
+    <message>
+        <source>Syncing...</source>
+        <translation>Sincronizando…</translation>
+    </message>
+    <message>
+        <source>Sync error</source>
+        <translation>Error de sincronización</translation>
+    </message>
+    <message>
+        <source>Offline</source>
+        <translation>Sin conexión</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Desconocido</translation>
     </message>
 </context>
 <context>

@@ -101,6 +101,13 @@
     </message>
 </context>
 <context>
+    <name>AccountSharingService</name>
+    <message>
+        <source>Failed to share account (HTTP %1)</source>
+        <translation>Impossible de partager le compte (HTTP %1)</translation>
+    </message>
+</context>
+<context>
     <name>Application</name>
     <message>
         <source>Database Error</source>
@@ -494,6 +501,67 @@ Vérifiez les droits d&apos;accès aux fichiers et réessayez.</translation>
     </message>
 </context>
 <context>
+    <name>HalcUpdate</name>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>Chargement des notes de version…</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*Les notes de version ne sont pas disponibles pour cette version.*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::UpdateDialog</name>
+    <message>
+        <source>Update available</source>
+        <translation>Mise à jour disponible</translation>
+    </message>
+    <message>
+        <source>A new version of %1 is available.</source>
+        <translation>Une nouvelle version de %1 est disponible.</translation>
+    </message>
+    <message>
+        <source>You have version %1. The latest version is %2.</source>
+        <translation>Vous avez la version %1. La dernière version est la %2.</translation>
+    </message>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>Chargement des notes de version…</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>Télécharger</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>Plus tard</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*Les notes de version ne sont pas disponibles pour cette version.*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::WhatsNewDialog</name>
+    <message>
+        <source>What&apos;s New in %1 %2</source>
+        <translation>Nouveautés de %1 %2</translation>
+    </message>
+    <message>
+        <source>What&apos;s new in %1 %2</source>
+        <translation>Nouveautés de %1 %2</translation>
+    </message>
+    <message>
+        <source>You are running version %1</source>
+        <translation>Vous utilisez la version %1</translation>
+    </message>
+    <message>
+        <source>Download %1</source>
+        <translation>Télécharger %1</translation>
+    </message>
+</context>
+<context>
     <name>ImportScreen</name>
     <message>
         <source>Import Transactions</source>
@@ -721,6 +789,25 @@ Vérifiez les droits d&apos;accès aux fichiers et réessayez.</translation>
             <numerusform>%n fichiers n&apos;ont pas pu être ouverts</numerusform>
         </translation>
     </message>
+    <message>
+        <source>File Not Imported</source>
+        <translation>Fichier non importé</translation>
+    </message>
+    <message>
+        <source>Header</source>
+        <translation>En-tête</translation>
+    </message>
+    <message>
+        <source>Column names: this row is not imported</source>
+        <translation>Noms des colonnes : cette ligne n&apos;est pas importée</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n split line(s) left out (no category)</source>
+        <translation>
+            <numerusform>%n ligne de ventilation omise (sans catégorie)</numerusform>
+            <numerusform>%n lignes de ventilation omises (sans catégorie)</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ImportService</name>
@@ -731,6 +818,14 @@ Vérifiez les droits d&apos;accès aux fichiers et réessayez.</translation>
     <message>
         <source>%1 (no account header)</source>
         <translation>%1 (sans en-tête de compte)</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: one of its rows is longer than %2 characters or %3 fields. The file may be damaged, or it is no CSV file.</source>
+        <translation>« %1 » n&apos;a pas été importé : une de ses lignes dépasse %2 caractères ou %3 champs. Le fichier est peut-être endommagé, ou ce n&apos;est pas un fichier CSV.</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: it contains a NUL character, which no CSV or QIF file holds. The file may be damaged, or it is of another kind.</source>
+        <translation>« %1 » n&apos;a pas été importé : il contient un caractère NUL, qu&apos;aucun fichier CSV ou QIF ne contient. Le fichier est peut-être endommagé, ou d&apos;un autre type.</translation>
     </message>
 </context>
 <context>
@@ -1045,6 +1140,36 @@ Toutes les opérations, opérations récurrentes et l&apos;historique des rappro
     <message>
         <source>Sample data cleared</source>
         <translation>Données d&apos;exemple effacées</translation>
+    </message>
+    <message>
+        <source>Signed in successfully</source>
+        <translation>Connexion réussie</translation>
+    </message>
+    <message>
+        <source>Sign-in failed: %1</source>
+        <translation>Échec de la connexion : %1</translation>
+    </message>
+    <message>
+        <source>Manage your account</source>
+        <translation>Gérer votre compte</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>Synchronisé</translation>
+    </message>
+    <message>
+        <source>Halcyra Account</source>
+        <translation>Compte Halcyra</translation>
+    </message>
+    <message>
+        <source>Signed in as %1
+%2</source>
+        <translation>Connecté en tant que %1
+%2</translation>
+    </message>
+    <message>
+        <source>Learn More</source>
+        <translation>En savoir plus</translation>
     </message>
 </context>
 <context>
@@ -2290,6 +2415,29 @@ Connectez-vous via Fichier › Compte Halcyra pour activer la synchronisation.</
             <numerusform>  •  %n récurrente échue</numerusform>
             <numerusform>  •  %n récurrentes échues</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SyncEngine</name>
+    <message>
+        <source>Synced</source>
+        <translation>Synchronisé</translation>
+    </message>
+    <message>
+        <source>Syncing...</source>
+        <translation>Synchronisation…</translation>
+    </message>
+    <message>
+        <source>Sync error</source>
+        <translation>Erreur de synchronisation</translation>
+    </message>
+    <message>
+        <source>Offline</source>
+        <translation>Hors ligne</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>Inconnu</translation>
     </message>
 </context>
 <context>

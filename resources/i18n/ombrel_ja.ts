@@ -101,6 +101,13 @@
     </message>
 </context>
 <context>
+    <name>AccountSharingService</name>
+    <message>
+        <source>Failed to share account (HTTP %1)</source>
+        <translation>口座を共有できませんでした (HTTP %1)</translation>
+    </message>
+</context>
+<context>
     <name>Application</name>
     <message>
         <source>Database Error</source>
@@ -494,6 +501,67 @@ Please check file permissions and try again.</source>
     </message>
 </context>
 <context>
+    <name>HalcUpdate</name>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>リリースノートを読み込んでいます…</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*このバージョンのリリースノートはありません。*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::UpdateDialog</name>
+    <message>
+        <source>Update available</source>
+        <translation>アップデートがあります</translation>
+    </message>
+    <message>
+        <source>A new version of %1 is available.</source>
+        <translation>%1 の新しいバージョンがあります。</translation>
+    </message>
+    <message>
+        <source>You have version %1. The latest version is %2.</source>
+        <translation>現在のバージョンは %1 です。最新バージョンは %2 です。</translation>
+    </message>
+    <message>
+        <source>Loading release notes…</source>
+        <translation>リリースノートを読み込んでいます…</translation>
+    </message>
+    <message>
+        <source>Download</source>
+        <translation>ダウンロード</translation>
+    </message>
+    <message>
+        <source>Later</source>
+        <translation>後で</translation>
+    </message>
+    <message>
+        <source>*Release notes are not available for this version.*</source>
+        <translation>*このバージョンのリリースノートはありません。*</translation>
+    </message>
+</context>
+<context>
+    <name>HalcUpdate::WhatsNewDialog</name>
+    <message>
+        <source>What&apos;s New in %1 %2</source>
+        <translation>%1 %2 の新機能</translation>
+    </message>
+    <message>
+        <source>What&apos;s new in %1 %2</source>
+        <translation>%1 %2 の新機能</translation>
+    </message>
+    <message>
+        <source>You are running version %1</source>
+        <translation>バージョン %1 を使用しています</translation>
+    </message>
+    <message>
+        <source>Download %1</source>
+        <translation>%1 をダウンロード</translation>
+    </message>
+</context>
+<context>
     <name>ImportScreen</name>
     <message>
         <source>Import Transactions</source>
@@ -711,6 +779,24 @@ Please check file permissions and try again.</source>
             <numerusform>%n 個のファイルを開けませんでした</numerusform>
         </translation>
     </message>
+    <message>
+        <source>File Not Imported</source>
+        <translation>ファイルをインポートしませんでした</translation>
+    </message>
+    <message>
+        <source>Header</source>
+        <translation>見出し</translation>
+    </message>
+    <message>
+        <source>Column names: this row is not imported</source>
+        <translation>列名：この行はインポートされません</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n split line(s) left out (no category)</source>
+        <translation>
+            <numerusform>分割行 %n 件を除外しました（カテゴリなし）</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ImportService</name>
@@ -721,6 +807,14 @@ Please check file permissions and try again.</source>
     <message>
         <source>%1 (no account header)</source>
         <translation>%1（口座ヘッダーなし）</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: one of its rows is longer than %2 characters or %3 fields. The file may be damaged, or it is no CSV file.</source>
+        <translation>「%1」はインポートされませんでした：%2 文字または %3 フィールドを超える行があります。ファイルが壊れているか、CSV ファイルではない可能性があります。</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; was not imported: it contains a NUL character, which no CSV or QIF file holds. The file may be damaged, or it is of another kind.</source>
+        <translation>「%1」はインポートされませんでした：CSV や QIF ファイルには含まれない NUL 文字が含まれています。ファイルが壊れているか、別の種類のファイルである可能性があります。</translation>
     </message>
 </context>
 <context>
@@ -1034,6 +1128,36 @@ All transactions, recurring entries, and reconciliation history for this account
     <message>
         <source>Sample data cleared</source>
         <translation>サンプルデータを消去しました</translation>
+    </message>
+    <message>
+        <source>Signed in successfully</source>
+        <translation>サインインしました</translation>
+    </message>
+    <message>
+        <source>Sign-in failed: %1</source>
+        <translation>サインインに失敗しました：%1</translation>
+    </message>
+    <message>
+        <source>Manage your account</source>
+        <translation>アカウントを管理</translation>
+    </message>
+    <message>
+        <source>Synced</source>
+        <translation>同期済み</translation>
+    </message>
+    <message>
+        <source>Halcyra Account</source>
+        <translation>Halcyra アカウント</translation>
+    </message>
+    <message>
+        <source>Signed in as %1
+%2</source>
+        <translation>%1 としてサインイン中
+%2</translation>
+    </message>
+    <message>
+        <source>Learn More</source>
+        <translation>詳細</translation>
     </message>
 </context>
 <context>
@@ -2272,6 +2396,29 @@ Sign in via File › Halcyra Account to enable sync.</source>
         <translation>
             <numerusform>  •  定期取引の期日 %n 件</numerusform>
         </translation>
+    </message>
+</context>
+<context>
+    <name>SyncEngine</name>
+    <message>
+        <source>Synced</source>
+        <translation>同期済み</translation>
+    </message>
+    <message>
+        <source>Syncing...</source>
+        <translation>同期中…</translation>
+    </message>
+    <message>
+        <source>Sync error</source>
+        <translation>同期エラー</translation>
+    </message>
+    <message>
+        <source>Offline</source>
+        <translation>オフライン</translation>
+    </message>
+    <message>
+        <source>Unknown</source>
+        <translation>不明</translation>
     </message>
 </context>
 <context>
