@@ -20,6 +20,8 @@
 #include "services/ImportService.h"
 #include "services/RecurringService.h"
 #include "services/ReportService.h"
+#include "sync/AccountSharingService.h"
+#include "sync/SyncEngine.h"
 
 #include <QApplication>
 #include <QDebug>
@@ -27,6 +29,7 @@
 
 namespace {
 const QString kLastViewedAccount = QStringLiteral("lastViewedAccountId");
+constexpr int kAutoSyncIntervalMs = 300000;
 
 // The services' addresses; the environment may point the program at others.
 constexpr char kDefaultAuthBaseUrl[] = "https://auth.halcyra.com";
@@ -75,6 +78,7 @@ bool AppState::initialize()
     m_backupService = new BackupService(m_database, this);
 
     buildAccountClient();
+    buildSync();
     applyAppearance();
 
     // On a fresh file this runs before any window exists, in the language chosen at start, so the
@@ -82,6 +86,11 @@ bool AppState::initialize()
     m_categoryService->seedDefaultsIfEmpty();
 
     connectAccountClient();
+
+    // Recurring rules and reconciliations schedule nothing of their own: they go with the next cycle.
+    connect(m_accounts, &AccountRepository::accountsChanged, m_syncEngine, &SyncEngine::schedule);
+    connect(m_transactions, &TransactionRepository::transactionsChanged, m_syncEngine, &SyncEngine::schedule);
+    connect(m_categories, &CategoryRepository::categoriesChanged, m_syncEngine, &SyncEngine::schedule);
 
     // Not checked against the accounts: the main window falls back when it no longer exists.
     if (const auto last = m_preferences->get(kLastViewedAccount))
@@ -115,6 +124,15 @@ void AppState::buildAccountClient()
     m_accountClient->syncApiClient()->setBaseUrl(QUrl(syncUrl));
 }
 
+void AppState::buildSync()
+{
+    m_syncEngine = new SyncEngine(m_accountClient->syncApiClient(), m_accounts, m_transactions, m_categories,
+                                  m_recurring, m_reconciliations, m_preferences, this);
+    // A session whose token is gone or expired would only collect 401s: the engine stays idle.
+    m_syncEngine->setSignedInCheck([this] { return m_accountClient && m_accountClient->hasUsableToken(); });
+    m_sharingService = new AccountSharingService(m_accountClient->syncApiClient(), this);
+}
+
 // Nothing here goes to the network for a user who never signed in: with no stored session the
 // client is signed out at once.
 void AppState::connectAccountClient()
@@ -127,6 +145,8 @@ void AppState::connectAccountClient()
         qInfo() << "loginSucceeded: starting auto-sync + immediate sync";
         startAutoSync();
     });
+    // The debounce and a request in flight are left to run out; the signed-in check stops them there.
+    connect(auth, &HalcAccount::AuthClient::logoutCompleted, m_syncEngine, &SyncEngine::stop);
 
     if (auth->isAuthenticated()) {
         auth->refreshToken([this](bool ok) {
@@ -139,7 +159,13 @@ void AppState::connectAccountClient()
     }
 }
 
-void AppState::startAutoSync() {}
+// start() syncs at once and schedule() once more two seconds later, which picks up what the first
+// cycle's own writes changed.
+void AppState::startAutoSync()
+{
+    m_syncEngine->start(kAutoSyncIntervalMs);
+    m_syncEngine->schedule();
+}
 
 void AppState::applyAppearance()
 {

@@ -4,6 +4,7 @@
 #include <QString>
 
 class AccountRepository;
+class AccountSharingService;
 class BackupService;
 class CategoryRepository;
 class CategoryService;
@@ -15,6 +16,7 @@ class RecurringRepository;
 class RecurringService;
 class ReportService;
 class SplitLineRepository;
+class SyncEngine;
 class ThemeManager;
 class TransactionRepository;
 
@@ -46,7 +48,9 @@ public:
     ReportService *reportService() const { return m_reportService; }
     ImportService *importService() const { return m_importService; }
     BackupService *backupService() const { return m_backupService; }
+    AccountSharingService *sharingService() const { return m_sharingService; }
     HalcAccount::Client *accountClient() const { return m_accountClient; }
+    SyncEngine *syncEngine() const { return m_syncEngine; }
     ThemeManager *themeManager() const { return m_themeManager; }
 
     QString currentAccountId() const { return m_currentAccountId; }
@@ -59,6 +63,7 @@ signals:
 
 private:
     void buildAccountClient();
+    void buildSync();
     void connectAccountClient();
     void applyAppearance();
     // Where signing in hands over to the sync engine: its auto-sync timer and a first cycle.
@@ -77,7 +82,9 @@ private:
     ReportService *m_reportService = nullptr;
     ImportService *m_importService = nullptr;
     BackupService *m_backupService = nullptr;
+    AccountSharingService *m_sharingService = nullptr;
     HalcAccount::Client *m_accountClient = nullptr;
+    SyncEngine *m_syncEngine = nullptr;
     ThemeManager *m_themeManager = nullptr;
     QString m_currentAccountId;
 };

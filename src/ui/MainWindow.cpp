@@ -13,6 +13,7 @@
 #include "data/TransactionRepository.h"
 #include "services/RecurringService.h"
 #include "services/SampleDataService.h"
+#include "sync/SyncEngine.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/CategoriesScreen.h"
 #include "ui/ElidedLabel.h"
@@ -74,6 +75,8 @@ constexpr char kNegative[] = "#FF8A80";
 
 constexpr int kStatusShort = 3000;
 constexpr int kStatusLong = 5000;
+// A sync ends every few minutes; its note makes way quickly.
+constexpr int kSyncCompleteMs = 2000;
 
 QString glyphFor(AccountType type)
 {
@@ -202,9 +205,35 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
     connect(m_state->recurringService(), &RecurringService::pendingCountChanged, m_statusBar,
             &StatusBar::setRecurringDue);
 
+    connectSync();
+
     showRecurringDue();
     showInitialPage();
     m_pageChosen = true;
+}
+
+void MainWindow::connectSync()
+{
+    SyncEngine *engine = m_state->syncEngine();
+    // Signed out, the engine still falls back to Idle once; the label keeps saying who is not signed in.
+    connect(engine, &SyncEngine::stateChanged, this, [this](SyncEngine::SyncState state) {
+        if (isSignedIn())
+            m_statusBar->setSyncText(SyncEngine::statusText(state));
+    });
+    connect(engine, &SyncEngine::syncCompleted, this, [this] {
+        m_statusBar->showTimedMessage(tr("Sync complete"), kSyncCompleteMs);
+        // The first sync of a new device brings its accounts to a welcome or empty page.
+        const QString current = m_state->currentAccountId();
+        if (current.isEmpty() || !m_state->accounts()->getById(current))
+            showInitialPage();
+    });
+    connect(engine, &SyncEngine::syncFailed, this, [this](const QString &error) {
+        m_statusBar->showTimedMessage(tr("Sync failed: %1").arg(error), kStatusLong);
+    });
+    connect(engine, &SyncEngine::dataChanged, this, [this] {
+        onAccountsChanged();
+        m_registerPage->refresh();
+    });
 }
 
 // A pull writes row by row and each write signals; the list is rebuilt once for all of them, when
@@ -683,8 +712,7 @@ void MainWindow::updateAuthUI()
         m_statusBar->setSyncText(tr("Not signed in"));
         return;
     }
-    // The text of the sync engine's first state; the engine keeps the label up to date from here.
-    m_statusBar->setSyncText(tr("Synced"));
+    m_statusBar->setSyncText(SyncEngine::statusText(m_state->syncEngine()->state()));
     if (m_stack->currentWidget() != m_welcomePage)
         return;
     const QString current = m_state->currentAccountId();

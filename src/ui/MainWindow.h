@@ -79,6 +79,8 @@ private:
     void showKeyboardShortcuts();
     void showAbout();
     void queueAccountListRebuild();
+    // What a sync cycle tells the window: its state for the label, its end, its failure, new rows.
+    void connectSync();
     void postDueRecurring();
     void showRecurringDue();
     // Shows a screen in a window of its own, sized once on first use, and brings it to the front.

@@ -1,16 +1,20 @@
 #include "ui/SettingsScreen.h"
 
+#include "account/AuthClient.h"
+#include "account/Client.h"
 #include "core/AppIdentity.h"
 #include "core/AppState.h"
 #include "core/Dates.h"
 #include "core/Language.h"
 #include "core/ThemeManager.h"
 #include "data/AccountRepository.h"
+#include "data/CategoryRepository.h"
 #include "data/PreferencesRepository.h"
 #include "data/ReconciliationRepository.h"
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
 #include "services/BackupService.h"
+#include "sync/SyncEngine.h"
 #include "ui/Prompt.h"
 #include "ui/UiStyle.h"
 
@@ -27,6 +31,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
+#include <QLocale>
 #include <QProgressDialog>
 #include <QPushButton>
 #include <QSaveFile>
@@ -36,6 +41,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -304,6 +310,11 @@ QWidget *SettingsScreen::buildDataPage()
     deleted->addLayout(restoreRow);
 
     layout->addStretch();
+    connect(m_syncNow, &QPushButton::clicked, this, &SettingsScreen::syncNow);
+    connect(m_forceFullSync, &QPushButton::clicked, this, &SettingsScreen::forceFullSync);
+    // Signing in or out while the window is open changes what the section may offer.
+    connect(m_state->accountClient()->authClient(), &HalcAccount::AuthClient::stateChanged, this,
+            &SettingsScreen::refreshSyncStatus);
     connect(m_exportButton, &QPushButton::clicked, this, &SettingsScreen::exportBackup);
     connect(m_importButton, &QPushButton::clicked, this, &SettingsScreen::importBackup);
     connect(m_deletedList, &QListWidget::currentRowChanged, this,
@@ -375,16 +386,107 @@ void SettingsScreen::refresh()
     refreshDeletedAccounts();
 }
 
-// Signing in arrives with the account client; until then every user is signed out, and the sync
-// buttons have nothing to start.
 void SettingsScreen::refreshSyncStatus()
 {
-    m_syncStatus->setTextFormat(Qt::PlainText);
-    m_syncStatus->setText(tr("Not signed in.\nSign in via File › Halcyra Account to enable sync."));
-    m_lastSync->hide();
-    m_syncError->hide();
+    HalcAccount::Client *client = m_state->accountClient();
+    const bool signedIn = client && client->isAuthenticated();
+    // While a cycle started here runs, its watch owns the buttons.
+    if (!m_syncWatch) {
+        m_syncNow->setEnabled(signedIn);
+        m_forceFullSync->setEnabled(signedIn);
+    }
+    if (!signedIn) {
+        m_syncStatus->setTextFormat(Qt::PlainText);
+        m_syncStatus->setText(tr("Not signed in.\nSign in via File › Halcyra Account to enable sync."));
+        m_lastSync->hide();
+        m_syncError->hide();
+        return;
+    }
+
+    const HalcAccount::User user = client->authClient()->currentUser();
+    QString name = !user.displayName.isEmpty() ? user.displayName : user.email;
+    if (name.isEmpty())
+        name = tr("Halcyra user");
+    SyncEngine *engine = m_state->syncEngine();
+    const SyncEngine::SyncState state = engine->state();
+    const bool dark = isDarkPalette();
+    const char *color = nullptr;
+    switch (state) {
+    case SyncEngine::SyncState::Syncing: color = "#00897B"; break;
+    case SyncEngine::SyncState::Error: color = dark ? "#FF8A80" : "#C62828"; break;
+    case SyncEngine::SyncState::Offline: color = dark ? "#FFA726" : "#E65100"; break;
+    case SyncEngine::SyncState::Idle: color = dark ? "#66BB6A" : "#2E7D32"; break;
+    }
+    m_syncStatus->setTextFormat(Qt::RichText);
+    m_syncStatus->setText(
+        tr("<b>Signed in as:</b> %1<br><b>Status:</b> <span style=\"color:%2\">%3</span>")
+            .arg(name.toHtmlEscaped(), QLatin1String(color), SyncEngine::statusText(state).toHtmlEscaped()));
+
+    const QDateTime last = QDateTime::fromString(
+        m_state->preferences()->getOr(QStringLiteral("lastSyncTimestamp"), QString()), Qt::ISODate);
+    m_lastSync->setText(
+        last.isValid() ? tr("Last synced: %1")
+                             .arg(QLocale().toString(last.toLocalTime(), QStringLiteral("MMM d, h:mm ap")))
+                       : tr("Never synced"));
+    m_lastSync->show();
+    const QString error = engine->lastError();
+    m_syncError->setText(tr("\nError: %1").arg(error));
+    m_syncError->setVisible(!error.isEmpty());
+}
+
+void SettingsScreen::syncNow()
+{
     m_syncNow->setEnabled(false);
+    m_syncNow->setText(tr("Syncing..."));
+    startWatchedSync();
+}
+
+void SettingsScreen::forceFullSync()
+{
+    if (Prompt::question(this, tr("Force Full Sync"),
+                         tr("This will re-upload every local row to the server and re-download all server "
+                            "data. Use this if data appears out of sync between devices.\n\nContinue?"),
+                         QMessageBox::Yes | QMessageBox::No, QMessageBox::No) != QMessageBox::Yes)
+        return;
+    const int accounts = m_state->accounts()->markAllPendingForResync();
+    const int categories = m_state->categories()->markAllPendingForResync();
+    const int transactions = m_state->transactions()->markAllPendingForResync();
+    const int recurrings = m_state->recurring()->markAllPendingForResync();
+    const int reconciliations = m_state->reconciliations()->markAllPendingForResync();
+    qInfo() << "Force Full Sync: marked pending —"
+            << "accounts:" << accounts << "categories:" << categories << "transactions:" << transactions
+            << "recurrings:" << recurrings << "reconciliations:" << reconciliations;
+    // Without a timestamp the pull starts from nothing and brings the server's every row.
+    m_state->preferences()->remove(QStringLiteral("lastSyncTimestamp"));
+    m_syncNow->setEnabled(false);
+    m_syncNow->setText(tr("Syncing..."));
     m_forceFullSync->setEnabled(false);
+    startWatchedSync();
+}
+
+void SettingsScreen::startWatchedSync()
+{
+    if (!m_syncWatch) {
+        m_syncWatch = connect(m_state->syncEngine(), &SyncEngine::stateChanged, this,
+                              [this](SyncEngine::SyncState state) {
+                                  if (state != SyncEngine::SyncState::Syncing)
+                                      releaseSyncButtons();
+                              });
+    }
+    SyncEngine *engine = m_state->syncEngine();
+    engine->syncNow();
+    // A session without a usable token leaves an idle engine idle, and no state change would come.
+    if (m_syncWatch && engine->state() != SyncEngine::SyncState::Syncing)
+        releaseSyncButtons();
+}
+
+void SettingsScreen::releaseSyncButtons()
+{
+    disconnect(std::exchange(m_syncWatch, {}));
+    m_syncNow->setText(tr("Sync Now"));
+    m_syncNow->setEnabled(true);
+    m_forceFullSync->setEnabled(true);
+    refresh();
 }
 
 void SettingsScreen::refreshDeletedAccounts()

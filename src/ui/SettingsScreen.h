@@ -56,6 +56,12 @@ private:
     void refreshDeletedAccounts();
     void applyColors();
 
+    void syncNow();
+    void forceFullSync();
+    // The buttons come back when the cycle they started has ended, however it ended.
+    void startWatchedSync();
+    void releaseSyncButtons();
+
     void exportBackup();
     void importBackup();
 
@@ -78,6 +84,7 @@ private:
     QWidget *m_deletedSection = nullptr;
     QListWidget *m_deletedList = nullptr;
     QPushButton *m_restoreButton = nullptr;
+    QMetaObject::Connection m_syncWatch;
     QList<QFrame *> m_separators;
     QList<QLabel *> m_links;
 };

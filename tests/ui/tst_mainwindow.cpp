@@ -11,6 +11,7 @@
 #include "support/Fixtures.h"
 #include "support/Jwt.h"
 #include "support/ScriptedServer.h"
+#include "sync/SyncEngine.h"
 #include "ui/MainWindow.h"
 #include "ui/Prompt.h"
 #include "ui/ReconciliationScreen.h"
@@ -83,7 +84,7 @@ private slots:
     void screensOpenLargerUnderALargeFont();
     void screensOpenOnceInWindowsOfTheirOwn_data();
     void screensOpenOnceInWindowsOfTheirOwn();
-    void signInFromTheWelcomePageAndOut();
+    void signInSyncsAndSignOutStops();
     void sharingAsksToSignInFirst_data();
     void sharingAsksToSignInFirst();
 
@@ -172,7 +173,8 @@ void TstMainWindow::listShowsBalancesAndAddsCurrenciesIntoTheTotal()
     QCOMPARE(other->text(), QStringLiteral("¥5,000"));
 }
 
-// A sync's pull writes row by row behind the window's back; the list follows once, not per row.
+// A sync's pull writes row by row behind the window's back: the first row shows at once, the rest of
+// the burst once, on the next turn, not per row.
 void TstMainWindow::rowWritesReachTheListOnTheNextTurn()
 {
     start({Fixtures::account(QStringLiteral("a"), QStringLiteral("Checking"))});
@@ -181,7 +183,7 @@ void TstMainWindow::rowWritesReachTheListOnTheNextTurn()
         QVERIFY(m_state->transactions()->insert(Fixtures::transaction(QStringLiteral("t%1").arg(i),
                                                                       QStringLiteral("a"), QDate(2026, 1, 2),
                                                                       QStringLiteral("Pulled"), -100)));
-    QCOMPARE(total->text(), QStringLiteral("Total: $0.00"));
+    QCOMPARE(total->text(), QStringLiteral("Total: -$1.00"));
     QCoreApplication::processEvents();
     QCOMPARE(total->text(), QStringLiteral("Total: -$20.00"));
 }
@@ -565,8 +567,23 @@ void TstMainWindow::screensOpenOnceInWindowsOfTheirOwn()
     QCOMPARE(screen->size(), size + QSize(10, 10));
 }
 
-void TstMainWindow::signInFromTheWelcomePageAndOut()
+// One session from sign-in to sign-out: the first sync brings an account to the empty page, a failed
+// cycle and a local change each show in the status bar, the settings page drives Sync Now and Force
+// Full Sync, and signing out silences the engine.
+void TstMainWindow::signInSyncsAndSignOutStops()
 {
+    const QString push = QStringLiteral("/ombrel/v1/sync/push");
+    const QString pull = QStringLiteral("/ombrel/v1/sync/pull");
+    const QByteArray accepted = R"({"results":[]})";
+    const QByteArray emptyPage = R"({"server_time":"2024-06-01T00:00:00Z","has_more":false})";
+    const auto lastTo = [this](const QString &path) {
+        const QList<RecordedRequest> requests = m_server.requests();
+        for (auto it = requests.crbegin(); it != requests.crend(); ++it)
+            if (it->path == path)
+                return *it;
+        return RecordedRequest{};
+    };
+
     m_server.clear();
     start();
     QCOMPARE(m_window->currentPage(), m_window->welcomePage());
@@ -577,21 +594,75 @@ void TstMainWindow::signInFromTheWelcomePageAndOut()
     QVERIFY(signOut && !signOut->isVisible());
     // A user who never signs in causes no request at all.
     QVERIFY(m_server.requests().isEmpty());
+    auto *syncLabel = m_window->statusBar()->findChild<QLabel *>(QStringLiteral("syncLabel"));
+    QCOMPARE(syncLabel->text(), QStringLiteral("Not signed in"));
+    QStringList shown;
+    connect(m_state->syncEngine(), &SyncEngine::stateChanged, syncLabel,
+            [&shown, syncLabel] { shown << syncLabel->text(); });
 
+    m_server.enqueue(push, ScriptedReply(200, accepted));
+    m_server.enqueue(pull, ScriptedReply(200, R"({"accounts":[{"id":"s-remote","client_id":"remote",
+        "name":"Shared Checking","version":1}],"server_time":"2024-06-01T00:00:00Z","has_more":false})"));
+    m_server.enqueue(push, ScriptedReply(500, R"({"error":"down"})"));
     for (QPushButton *button : m_window->welcomePage()->findChildren<QPushButton *>())
         if (button->text() == QStringLiteral("Already have an account? Sign In"))
             QTest::mouseClick(button, Qt::LeftButton);
-    QTRY_COMPARE_WITH_TIMEOUT(m_window->currentPage(), m_window->emptyPage(), 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(m_state->currentAccountId(), QStringLiteral("remote"), 5000);
+    QCOMPARE(m_window->currentPage(), m_window->registerPage());
     QVERIFY(signOut->isVisible());
-    QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("Signed in successfully"));
-    QTRY_COMPARE_WITH_TIMEOUT(m_server.requests().size(), 1, 5000);
     QCOMPARE(m_server.requests().first().path, QStringLiteral("/account/v1/devices/register"));
+
+    // The pull's own write schedules the second cycle, whose push the server refuses.
+    QTRY_COMPARE_WITH_TIMEOUT(syncLabel->text(), QStringLiteral("Sync error"), 5000);
+    QCOMPARE(m_window->statusBar()->currentMessage(), QStringLiteral("Sync failed: Push failed (HTTP 500)"));
+    QCOMPARE(shown, (QStringList{"Syncing...", "Synced", "Syncing...", "Sync error"}));
+
+    m_server.enqueue(push, ScriptedReply(200, accepted));
+    m_server.enqueue(pull, ScriptedReply(200, emptyPage));
+    QVERIFY(m_state->transactions()->insert(Fixtures::transaction(QStringLiteral("t-local"),
+                                                                  QStringLiteral("remote"), QDate(2024, 6, 2),
+                                                                  QStringLiteral("Rent"), -100)));
+    QTRY_COMPARE_WITH_TIMEOUT(syncLabel->text(), QStringLiteral("Synced"), 5000);
+    QVERIFY(lastTo(push).body.contains("t-local"));
+
+    m_window->showSettingsWindow();
+    auto *settings = m_window->findChild<SettingsScreen *>();
+    auto *syncNow = settings->findChild<QPushButton *>(QStringLiteral("syncNowButton"));
+    auto *forceFull = settings->findChild<QPushButton *>(QStringLiteral("forceFullSyncButton"));
+    QVERIFY(syncNow->isEnabled() && forceFull->isEnabled());
+    QVERIFY(settings->findChild<QLabel *>(QStringLiteral("syncStatusLabel"))->text().contains("Synced"));
+    QVERIFY(
+        settings->findChild<QLabel *>(QStringLiteral("lastSyncLabel"))->text().startsWith("Last synced: "));
+
+    m_server.enqueue(push, ScriptedReply::delayed(300, 200, accepted));
+    m_server.enqueue(pull, ScriptedReply(200, emptyPage));
+    QTest::mouseClick(syncNow, Qt::LeftButton);
+    QCOMPARE(syncNow->text(), QStringLiteral("Syncing..."));
+    QVERIFY(!syncNow->isEnabled() && forceFull->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(syncNow->isEnabled(), 5000);
+    QCOMPARE(syncNow->text(), QStringLiteral("Sync Now"));
+
+    m_server.enqueue(push, ScriptedReply::delayed(300, 200, accepted));
+    m_server.enqueue(pull, ScriptedReply(200, emptyPage));
+    Prompt::setNextAnswer(QMessageBox::Yes);
+    QTest::mouseClick(forceFull, Qt::LeftButton);
+    QVERIFY(!syncNow->isEnabled() && !forceFull->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(syncNow->isEnabled() && forceFull->isEnabled(), 5000);
+    // The synced account goes up again, and the pull asks for everything.
+    QVERIFY(lastTo(push).body.contains("\"remote\""));
+    QVERIFY(!lastTo(pull).query.hasQueryItem(QStringLiteral("since")));
 
     signOut->trigger();
     QVERIFY(!signOut->isVisible());
-    QVERIFY(!m_state->accountClient()->isAuthenticated());
-    QTRY_COMPARE_WITH_TIMEOUT(m_server.requests().size(), 2, 5000);
-    QCOMPARE(m_server.requests().last().path, QStringLiteral("/auth/api/v1/realms/halcyra/auth/logout"));
+    QCOMPARE(syncLabel->text(), QStringLiteral("Not signed in"));
+    QVERIFY(!syncNow->isEnabled() && !forceFull->isEnabled());
+    QTRY_COMPARE_WITH_TIMEOUT(m_server.requests().last().path,
+                              QStringLiteral("/auth/api/v1/realms/halcyra/auth/logout"), 5000);
+    // The marking above scheduled a cycle; signed out, it finds nobody to sync for.
+    const qsizetype seen = m_server.requests().size();
+    QTest::qWait(SyncEngine::kDebounceMs + 300);
+    QCOMPARE(m_server.requests().size(), seen);
+    QCOMPARE(syncLabel->text(), QStringLiteral("Not signed in"));
 }
 
 void TstMainWindow::sharingAsksToSignInFirst_data()
