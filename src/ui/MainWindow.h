@@ -1,11 +1,14 @@
 #pragma once
 
+#include "account/AccountScreen.h"
+
 #include <QHash>
 #include <QList>
 #include <QMainWindow>
 #include <QSet>
 #include <QString>
 
+class AccountSharingService;
 class AppState;
 class CategoriesScreen;
 class ImportScreen;
@@ -59,6 +62,7 @@ public slots:
     void onAccountContextMenu(const QPoint &pos);
     void deleteAccount(const QString &accountId);
     void deleteCurrentAccount();
+    void showHalcyraAccountScreen(HalcAccount::AccountScreen::Tab tab);
     void showHalcyraAccountScreen();
 
 protected:
@@ -114,4 +118,6 @@ private:
     CategoriesScreen *m_categoriesScreen = nullptr;
     PayeeScreen *m_payeeScreen = nullptr;
     ImportScreen *m_importScreen = nullptr;
+    HalcAccount::AccountScreen *m_halcyraAccountScreen = nullptr;
+    AccountSharingService *m_sharingService = nullptr;
 };
