@@ -61,6 +61,12 @@ QHBoxLayout *rowLayout(QWidget *row)
     return layout;
 }
 
+// A section's column, for the rows and buttons its caller adds; addLayout gives their widgets a parent.
+QVBoxLayout *sectionLayout(QWidget *section)
+{
+    return static_cast<QVBoxLayout *>(section->layout());
+}
+
 QString orNotSet(const QString &value)
 {
     return value.isEmpty() ? AccountScreen::tr("(not set)") : value;
@@ -181,8 +187,13 @@ QWidget *AccountScreen::section(const QString &title, const QString &description
 void AccountScreen::replaceContent(QVBoxLayout *slot, QWidget *content)
 {
     while (QLayoutItem *item = slot->takeAt(0)) {
-        if (QWidget *old = item->widget())
+        if (QWidget *old = item->widget()) {
+            // Out of the tree at once, so nothing finds the old rows; deleted once the click that
+            // may have led here has returned.
+            old->hide();
+            old->setParent(nullptr);
             old->deleteLater();
+        }
         delete item;
     }
     slot->addWidget(content);
@@ -304,13 +315,13 @@ void AccountScreen::showProfile(const Profile &profile)
     values->addWidget(name);
     values->addWidget(email);
     values->addStretch(1);
-    personal->layout()->addItem(values);
+    sectionLayout(personal)->addLayout(values);
     auto *edit = new QPushButton(tr("Edit Display Name"));
     connect(edit, &QPushButton::clicked, this, &AccountScreen::onEditDisplayName);
     auto *editRow = new QHBoxLayout;
     editRow->addWidget(edit);
     editRow->addStretch(1);
-    personal->layout()->addItem(editRow);
+    sectionLayout(personal)->addLayout(editRow);
     layout->addWidget(personal);
     layout->addSpacing(16);
 
@@ -320,7 +331,7 @@ void AccountScreen::showProfile(const Profile &profile)
     auto *passwordRow = new QHBoxLayout;
     passwordRow->addWidget(m_passwordButton);
     passwordRow->addStretch(1);
-    password->layout()->addItem(passwordRow);
+    sectionLayout(password)->addLayout(passwordRow);
     layout->addWidget(password);
 
     replaceContent(m_profileContent, content);
@@ -372,7 +383,7 @@ void AccountScreen::showGroup(const Profile &profile, const Group &group)
         auto *row = new QHBoxLayout;
         row->addWidget(join);
         row->addStretch(1);
-        none->layout()->addItem(row);
+        sectionLayout(none)->addLayout(row);
         layout->addWidget(none);
         replaceContent(m_groupContent, content);
         return;
@@ -422,7 +433,7 @@ void AccountScreen::showGroup(const Profile &profile, const Group &group)
         buttons->addWidget(byEmail);
         buttons->addWidget(byCode);
         buttons->addStretch(1);
-        invite->layout()->addItem(buttons);
+        sectionLayout(invite)->addLayout(buttons);
         layout->addWidget(invite);
     } else {
         layout->addSpacing(16);
@@ -439,7 +450,7 @@ void AccountScreen::showGroup(const Profile &profile, const Group &group)
 void AccountScreen::showDevices(const QList<Device> &devices)
 {
     QWidget *content = section(tr("Registered Devices"), tr("Devices that have synced with your account."));
-    auto *layout = static_cast<QVBoxLayout *>(content->layout());
+    auto *layout = sectionLayout(content);
     if (devices.isEmpty())
         layout->addWidget(mutedLabel(tr("No devices registered.")));
     for (const Device &device : devices) {
@@ -466,7 +477,7 @@ void AccountScreen::showDevices(const QList<Device> &devices)
 void AccountScreen::showSessions(const QList<Session> &sessions)
 {
     QWidget *content = section(tr("Active Sessions"), tr("Sessions currently signed in to your account."));
-    auto *layout = static_cast<QVBoxLayout *>(content->layout());
+    auto *layout = sectionLayout(content);
     if (sessions.isEmpty())
         layout->addWidget(mutedLabel(tr("No active sessions.")));
     for (const Session &session : sessions) {
@@ -510,7 +521,7 @@ void AccountScreen::showPrivacy(const Profile &profile)
 {
     QWidget *content = section(tr("Danger Zone"),
                                tr("Permanently delete your account. This cannot be undone after 30 days."));
-    auto *layout = static_cast<QVBoxLayout *>(content->layout());
+    auto *layout = sectionLayout(content);
     auto *remove = new QPushButton(tr("Delete Account"));
     remove->setStyleSheet(QStringLiteral(
         "QPushButton { color: white; background: #C62828; border: none;  border-radius: 4px; padding: 6px "

@@ -15,6 +15,8 @@
 #include <QScrollArea>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace HalcAccount {
 
 namespace {
@@ -58,8 +60,13 @@ QLabel *avatar(const QString &name)
 void clearLayout(QLayout *layout)
 {
     while (QLayoutItem *item = layout->takeAt(0)) {
-        if (QWidget *widget = item->widget())
+        if (QWidget *widget = item->widget()) {
+            // Out of the tree at once, so nothing finds the old rows; deleted once the click that
+            // may have led here has returned.
+            widget->hide();
+            widget->setParent(nullptr);
             widget->deleteLater();
+        }
         delete item;
     }
 }
@@ -232,7 +239,10 @@ void ShareMembersDialog::showShares(const QList<ShareMember> &shares)
         }
         m_sharedRows->addWidget(personRow(share.displayName, share.email, action));
     }
-    if (shares.isEmpty())
+    // The owner always has access, so only the others make the account shared.
+    const bool sharedWithAnyone = std::any_of(
+        shares.begin(), shares.end(), [](const ShareMember &share) { return share.role != kOwnerRole; });
+    if (!sharedWithAnyone)
         m_sharedRows->addWidget(mutedLabel(text(m_texts.empty, tr("Not shared with anyone yet."))));
     if (m_groupLoaded)
         rebuildAddRows();
