@@ -116,6 +116,8 @@ void AccountScreen::setupUi()
     m_status = new QLabel(this);
     m_status->setObjectName(QStringLiteral("accountStatus"));
     m_status->setWordWrap(true);
+    // In line with the pages' 24 px margin, the label's own padding included.
+    m_status->setContentsMargins(20, 0, 20, 8);
     right->addWidget(m_status);
     layout->addLayout(right, 1);
 
@@ -146,6 +148,8 @@ QWidget *AccountScreen::createPage(const QString &heading, QVBoxLayout **content
     auto *scroll = new QScrollArea;
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
+    // Long texts wrap instead: a sideways scroll would hide the row buttons at the right.
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *page = new QWidget;
     auto *layout = new QVBoxLayout(page);
     layout->setContentsMargins(24, 24, 24, 24);
@@ -493,11 +497,11 @@ void AccountScreen::showSessions(const QList<Session> &sessions)
         auto *top = new QHBoxLayout;
         top->setSpacing(8);
         auto *agentLabel = new QLabel(agent, row);
+        agentLabel->setWordWrap(true);
         setWeight(agentLabel, 500);
-        top->addWidget(agentLabel);
+        top->addWidget(agentLabel, 1);
         if (session.isCurrent)
-            top->addWidget(badge(tr("Current"), QStringLiteral("#2E7D32")));
-        top->addStretch(1);
+            top->addWidget(badge(tr("Current"), QStringLiteral("#2E7D32")), 0, Qt::AlignTop);
         texts->addLayout(top);
         QString activity = relativeTime(session.lastActiveAt);
         if (!session.ipAddress.isEmpty())
