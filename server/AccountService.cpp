@@ -374,7 +374,8 @@ HttpResponse AccountService::invite(const HttpRequest &request, const Caller &ca
         " created_at) VALUES (?, ?, COALESCE(?, ''), ?, 'pending', ?, ?)"));
     i.addBindValue(id);
     i.addBindValue(member->groupId);
-    i.addBindValue(email);
+    // An invitation by code has no address; a null would break the column's NOT NULL.
+    i.addBindValue(email.isEmpty() ? QStringLiteral("") : email);
     i.addBindValue(newInviteCode());
     i.addBindValue(QDateTime::currentDateTimeUtc().addDays(kInvitationDays).toString(Qt::ISODate));
     i.addBindValue(ServerDatabase::now());

@@ -3,6 +3,8 @@
 //   QT_QPA_PLATFORM=offscreen ombrel_screenshots <output directory> [en|es|de|fr|ja] [page name...]
 // With page names, only those pages are rendered.
 
+#include "account/AccountScreen.h"
+#include "account/ShareMembersDialog.h"
 #include "core/AppIdentity.h"
 #include "core/AppState.h"
 #include "core/Dates.h"
@@ -473,6 +475,97 @@ QWidget *whatsNewDialog()
                                           QString::fromUtf8(kReleaseNotes));
 }
 
+// The account pages from records: a family of four, three devices, two sessions. No server is asked.
+HalcAccount::Profile accountProfile()
+{
+    HalcAccount::Profile profile;
+    profile.id = QStringLiteral("u-maya");
+    profile.email = QStringLiteral("maya.lindqvist@example.com");
+    profile.displayName = QStringLiteral("Maya Lindqvist");
+    profile.group = {QStringLiteral("g-1"), QStringLiteral("Lindqvist Family"), QStringLiteral("owner"), 4};
+    return profile;
+}
+
+QList<HalcAccount::GroupMember> familyMembers()
+{
+    const QDateTime joined = QDateTime::currentDateTimeUtc().addDays(-40);
+    return {
+        {"u-maya",  "u-maya",  "Maya Lindqvist",  "maya.lindqvist@example.com",  "owner",  joined},
+        {"u-jonas", "u-jonas", "Jonas Lindqvist", "jonas.lindqvist@example.com", "member", joined},
+        {"u-elin",  "u-elin",  "Elin Lindqvist",  "elin.l@example.com",          "member", joined},
+        {"u-oskar", "u-oskar", "",                "oskar.lindqvist@example.com", "member", joined},
+    };
+}
+
+QWidget *accountPage(HalcAccount::AccountScreen::Tab tab, bool owner = true)
+{
+    auto *screen = new HalcAccount::AccountScreen(g_state->accountClient());
+    // The side list's own change would ask the server; the page is chosen behind its back.
+    auto *side = screen->findChild<QListWidget *>();
+    side->blockSignals(true);
+    side->setCurrentRow(int(tab));
+    screen->findChild<QStackedWidget *>()->setCurrentIndex(int(tab));
+    HalcAccount::Profile profile = accountProfile();
+    if (!owner) {
+        profile.id = QStringLiteral("u-jonas");
+        profile.email = QStringLiteral("jonas.lindqvist@example.com");
+        profile.displayName = QStringLiteral("Jonas Lindqvist");
+        profile.group.role = QStringLiteral("member");
+    }
+    screen->showProfile(profile);
+    HalcAccount::Group group{QStringLiteral("g-1"), QStringLiteral("Lindqvist Family"), familyMembers(), {}};
+    if (owner) {
+        const QDateTime expires = QDateTime::currentDateTimeUtc().addDays(6);
+        group.pendingInvitations = {
+            {"i-1", "grandma.berg@example.com", "",          "pending", expires},
+            {"i-2", "",                         "K7QX-M2PD", "pending", expires},
+        };
+    }
+    screen->showGroup(profile, group);
+    const QDateTime now = QDateTime::currentDateTimeUtc();
+    screen->showDevices({
+        {"d-1", "MAYA-LAPTOP", "Windows", "com.halcyra.ombrel", "1.4.2", now.addSecs(-20),       "",
+         now.addDays(-90)                                                                                             },
+        {"d-2", "Kitchen PC",  "Windows", "com.halcyra.ombrel", "1.4.1", now.addSecs(-3 * 3600), "",
+         now.addDays(-60)                                                                                             },
+        {"d-3", "",            "Windows", "com.halcyra.ombrel", "",      now.addDays(-12),       "", now.addDays(-200)},
+    });
+    screen->showSessions({
+        {"s-1", "HalcyraOmbrel/1.4.2 (Windows 11; x64) Qt/6.4.2", "192.168.1.20", now.addDays(-3),
+         now.addSecs(-5),                                                                                            true },
+        {"s-2",
+         "Mozilla/5.0 (Macintosh; Intel Mac OS X 14_2) AppleWebKit/605.1.15 (KHTML, like Gecko) Version/17.2 "
+         "Safari/605.1.15",                                       "203.0.113.54", now.addDays(-20), now.addDays(-2), false},
+    });
+    if (tab == HalcAccount::AccountScreen::Tab::Profile)
+        screen->showSuccess(QStringLiteral("Display name updated."));
+    return screen;
+}
+
+QWidget *shareDialog(bool failed)
+{
+    HalcAccount::ShareDialogTexts texts;
+    texts.windowTitle = QStringLiteral("Share Account");
+    texts.heading = QStringLiteral("Sharing: Joint Checking");
+    texts.description =
+        QStringLiteral("Share this account with members of your Halcyra family group. They'll see "
+                       "the same register, balances, and reconciliation history on their devices.");
+    texts.listLabel = QStringLiteral("Shared with");
+    auto *dialog = new HalcAccount::ShareMembersDialog(g_state->accountClient(), nullptr,
+                                                       QStringLiteral("acc-0"), texts);
+    dialog->showShares({
+        {"u-maya", "u-maya",  "maya.lindqvist@example.com",  "Maya Lindqvist",  "owner",  ""},
+        {"sh-1",   "u-jonas", "jonas.lindqvist@example.com", "Jonas Lindqvist", "member", ""}
+    });
+    dialog->showGroupMembers(familyMembers(), QStringLiteral("u-maya"), false);
+    if (failed) {
+        auto *error = dialog->findChild<QLabel *>(QStringLiteral("shareError"));
+        error->setText(QStringLiteral("Could not share with Elin Lindqvist."));
+        error->show();
+    }
+    return dialog;
+}
+
 const QSize kPageSize(1000, 700);
 const QSize kWindowSize(1280, 800);
 const QSize kBarSize(900, 120);
@@ -513,6 +606,15 @@ const Page kPages[] = {
     {"update-nonotes", QSize(520, 0),   [] { return updateDialog(false, false); }},
     {"update-mandatory", QSize(520, 420), [] { return updateDialog(true, true); }},
     {"whatsnew",      QSize(560, 480),  whatsNewDialog                },
+    {"account-profile",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Profile); }},
+    {"account-group",    QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Group); }},
+    {"account-member",   QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Group, false); }},
+    {"account-devices",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Devices); }},
+    {"account-security", QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Security); }},
+    {"account-privacy",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Privacy); }},
+    {"account-privacy-member", QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Privacy, false); }},
+    {"share",            QSize(620, 620), [] { return shareDialog(false); }},
+    {"share-failed",     QSize(620, 620), [] { return shareDialog(true); }},
 };
 // clang-format on
 

@@ -11,13 +11,18 @@
 namespace HalcAccount {
 
 Client::Client(const ClientConfig &config, QObject *parent)
+    : Client(config, createTokenStore(config.applicationId), parent)
+{
+}
+
+Client::Client(const ClientConfig &config, std::unique_ptr<TokenStore> store, QObject *parent)
     : QObject(parent)
     , m_config(config)
 {
     m_config.platform = platformName(config.platform);
     const QString &platform = m_config.platform;
 
-    m_tokens = new TokenManager(createTokenStore(m_config.applicationId), this);
+    m_tokens = new TokenManager(std::move(store), this);
 
     m_authApi = new ApiClient(m_tokens, this);
     m_authApi->setBaseUrl(

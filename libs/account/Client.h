@@ -6,12 +6,15 @@
 
 #include <QObject>
 
+#include <memory>
+
 namespace HalcAccount {
 
 class AccountClient;
 class ApiClient;
 class AuthClient;
 class TokenManager;
+class TokenStore;
 
 // The one object the application holds of this library: it builds the token store and manager, the
 // three API gateways (auth, account, sync), sign-in and the account calls, and forwards the sign-in
@@ -20,6 +23,8 @@ class Client : public QObject {
     Q_OBJECT
 public:
     explicit Client(const ClientConfig &config, QObject *parent = nullptr);
+    // With a token store of the caller's, for a test that must not touch the desktop's keyring.
+    Client(const ClientConfig &config, std::unique_ptr<TokenStore> store, QObject *parent = nullptr);
     ~Client() override;
 
     // Restores a stored session.

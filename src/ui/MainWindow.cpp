@@ -2,6 +2,7 @@
 
 #include "account/AuthClient.h"
 #include "account/Client.h"
+#include "account/ShareMembersDialog.h"
 #include "core/AppIdentity.h"
 #include "core/AppState.h"
 #include "core/Money.h"
@@ -13,6 +14,7 @@
 #include "data/TransactionRepository.h"
 #include "services/RecurringService.h"
 #include "services/SampleDataService.h"
+#include "sync/AccountSharingService.h"
 #include "sync/SyncEngine.h"
 #include "ui/AccountFormDialog.h"
 #include "ui/CategoriesScreen.h"
@@ -722,21 +724,25 @@ void MainWindow::updateAuthUI()
         m_stack->setCurrentWidget(m_emptyPage);
 }
 
-// Signed in, the account screen takes this place; until it exists, a box names who is signed in.
 void MainWindow::showHalcyraAccountScreen()
 {
-    HalcAccount::AuthClient *auth = m_state->accountClient()->authClient();
+    showHalcyraAccountScreen(HalcAccount::AccountScreen::Tab::Profile);
+}
+
+void MainWindow::showHalcyraAccountScreen(HalcAccount::AccountScreen::Tab tab)
+{
+    HalcAccount::Client *client = m_state->accountClient();
     if (!isSignedIn()) {
-        auth->login();
+        client->authClient()->login();
         return;
     }
-    QPointer<MainWindow> self(this);
-    auth->fetchCurrentUser([self](const HalcAccount::User &user) {
-        if (!self)
-            return;
-        Prompt::information(self, tr("Halcyra Account"),
-                            tr("Signed in as %1\n%2").arg(user.displayName, user.email));
-    });
+    if (!m_halcyraAccountScreen) {
+        m_halcyraAccountScreen = new HalcAccount::AccountScreen(client);
+        connect(m_halcyraAccountScreen, &HalcAccount::AccountScreen::logoutRequested, client->authClient(),
+                &HalcAccount::AuthClient::logout);
+    }
+    m_halcyraAccountScreen->setCurrentTab(tab);
+    presentScreen(m_halcyraAccountScreen, tr("Halcyra Account"), QSize(600, 550));
 }
 
 bool MainWindow::hasCurrentAccount()
@@ -927,7 +933,33 @@ void MainWindow::showShareAccountDialog()
             showHalcyraAccountScreen();
         return;
     }
-    // Signed in, the share members dialog opens here.
+    const auto account = m_state->accounts()->getById(m_state->currentAccountId());
+    HalcAccount::ShareDialogTexts texts;
+    texts.windowTitle = tr("Share Account");
+    texts.heading = tr("Sharing: %1").arg(account->name);
+    texts.description = tr("Share this account with members of your Halcyra family group. They'll see the "
+                           "same register, balances, and reconciliation history on their devices.");
+    texts.listLabel = tr("Shared with");
+    texts.empty = tr("Not shared with anyone yet.");
+    texts.add = tr("Share");
+    texts.remove = tr("Remove access");
+    texts.close = tr("Close");
+    texts.defaultRole = QStringLiteral("member");
+    texts.shareFailedTitle = tr("Share Failed");
+    texts.removeFailedTitle = tr("Remove Failed");
+    texts.confirmTitle = tr("Remove Share");
+    texts.confirmText = tr("Remove %1's access to this account?");
+    texts.noGroup = tr("You don't have a family group yet. Sharing works within a family group: open Halcyra "
+                       "Account, Group, to invite someone or to join with an invite code.");
+    HalcAccount::ShareMembersDialog dialog(m_state->accountClient(), m_state->sharingService(), account->id,
+                                           texts, this);
+    connect(&dialog, &HalcAccount::ShareMembersDialog::sharingChanged, this, &MainWindow::onAccountsChanged);
+    // The server marks the account shared; the next sync brings that mark (and the members' devices) in step.
+    connect(&dialog, &HalcAccount::ShareMembersDialog::sharingChanged, m_state->syncEngine(),
+            &SyncEngine::schedule);
+    dialog.loadShares();
+    dialog.loadGroupMembers();
+    Prompt::exec(&dialog);
 }
 
 void MainWindow::onAccountContextMenu(const QPoint &pos)

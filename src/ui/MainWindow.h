@@ -1,5 +1,7 @@
 #pragma once
 
+#include "account/AccountScreen.h"
+
 #include <QHash>
 #include <QList>
 #include <QMainWindow>
@@ -59,6 +61,7 @@ public slots:
     void onAccountContextMenu(const QPoint &pos);
     void deleteAccount(const QString &accountId);
     void deleteCurrentAccount();
+    void showHalcyraAccountScreen(HalcAccount::AccountScreen::Tab tab);
     void showHalcyraAccountScreen();
 
 protected:
@@ -118,4 +121,5 @@ private:
     ImportScreen *m_importScreen = nullptr;
     // Until the constructor has chosen its page, a new list of accounts leaves the page alone.
     bool m_pageChosen = false;
+    HalcAccount::AccountScreen *m_halcyraAccountScreen = nullptr;
 };

@@ -9,3 +9,27 @@ T *child(const QObject *parent, const char *name)
 {
     return parent->findChild<T *>(QLatin1String(name));
 }
+
+#include <QAbstractButton>
+#include <QLabel>
+#include <QStringList>
+
+// Buttons with this text under parent, in the order they were made.
+inline QList<QAbstractButton *> buttonsLabelled(const QObject *parent, const QString &text)
+{
+    QList<QAbstractButton *> found;
+    for (QAbstractButton *button : parent->findChildren<QAbstractButton *>()) {
+        if (button->text() == text)
+            found.append(button);
+    }
+    return found;
+}
+
+// Every label's text under parent, joined by new lines: what a user reads, for QTRY_ on contains().
+inline QString labelText(const QObject *parent)
+{
+    QStringList texts;
+    for (const QLabel *label : parent->findChildren<QLabel *>())
+        texts.append(label->text());
+    return texts.join(QLatin1Char('\n'));
+}
