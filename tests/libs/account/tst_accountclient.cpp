@@ -24,7 +24,6 @@ private slots:
     void fingerprintOfHostName();
     void profile_data();
     void profile();
-    void group();
     void membership_data();
     void membership();
 
@@ -114,29 +113,6 @@ void TstAccountClient::profile()
     QTEST(profile->email, "email");
     QTEST(profile->group.name, "groupName");
     QTEST(profile->group.memberCount, "memberCount");
-}
-
-void TstAccountClient::group()
-{
-    m_server->enqueue({200, R"({"id":"g","name":"Home",
-        "members":[{"account_id":"a1","display_name":"Ann","role":"owner","joined_at":"2024-02-29T08:00:00Z"}],
-        "pending_invitations":[{"id":"i1","invite_code":"XY12","expires_at":"2024-03-07T08:00:00Z"}]})"});
-    m_server->enqueue({201, R"({"id":"i2","invite_code":"AB34"})"});
-    std::optional<Group> group;
-    std::optional<GroupInvitation> invitation;
-    m_account->getGroup([&group](const Group &g) { group = g; });
-    QTRY_VERIFY_WITH_TIMEOUT(group.has_value(), 5000);
-    m_account->generateInviteCode([&invitation](const GroupInvitation &i) { invitation = i; });
-    QTRY_VERIFY_WITH_TIMEOUT(invitation.has_value(), 5000);
-
-    QCOMPARE(group->members.size(), 1);
-    QCOMPARE(group->members[0].joinedAt, QDateTime(QDate(2024, 2, 29), QTime(8, 0), Qt::UTC));
-    QCOMPARE(group->pendingInvitations.value(0).inviteCode, QStringLiteral("XY12"));
-    QCOMPARE(invitation->inviteCode, QStringLiteral("AB34"));
-    // A code is asked for with a POST that has no body at all.
-    const RecordedRequest r = m_server->requests().at(1);
-    QCOMPARE(r.path, QStringLiteral("/account/v1/group/invite"));
-    QCOMPARE(r.body, QByteArray());
 }
 
 void TstAccountClient::membership_data()
