@@ -100,7 +100,8 @@ private slots:
         // The register's read walks the index in order instead of sorting the account's rows.
         QSqlQuery plan(db.database()->connection());
         QVERIFY(plan.exec(QStringLiteral(
-            "EXPLAIN QUERY PLAN SELECT t.id FROM transactions t LEFT JOIN categories c ON t.category_id = c.id "
+            "EXPLAIN QUERY PLAN SELECT t.id FROM transactions t LEFT JOIN categories c ON t.category_id = "
+            "c.id "
             "WHERE t.account_id = 'a' AND t.deleted_at IS NULL ORDER BY t.date ASC, t.created_at ASC")));
         QString steps;
         while (plan.next())

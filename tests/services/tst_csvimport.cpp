@@ -370,7 +370,6 @@ void TstCsvImport::progressAndOneChangeSignal()
     QCOMPARE(changed.count(), 1);
 }
 
-
 void TstCsvImport::brokenFilesAreRefusedWhole_data()
 {
     QTest::addColumn<QByteArray>("bytes");

@@ -561,7 +561,6 @@ void TstQifImport::analysisListsEachSourceOnce()
     QVERIFY(!analysis.sources.first().noAccountHeader);
 }
 
-
 void TstQifImport::fileWithANulIsRefused_data()
 {
     QTest::addColumn<QString>("text");

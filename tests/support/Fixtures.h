@@ -26,6 +26,7 @@ Category category(const QString &id, const QString &name, const QString &parentI
 RecurringTransaction rule(const QString &id, const QString &accountId, const QDate &nextDue, qint64 amount,
                           Frequency frequency = Frequency::Monthly);
 
-SplitLine splitLine(const QString &id, const QString &transactionId, const QString &categoryId, qint64 amount);
+SplitLine splitLine(const QString &id, const QString &transactionId, const QString &categoryId,
+                    qint64 amount);
 
 } // namespace Fixtures
