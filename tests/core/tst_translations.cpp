@@ -155,7 +155,11 @@ void TstTranslations::catalogueIsUpToDate()
     lupdate.start(QStringLiteral(OMBREL_LUPDATE),
                   {QStringLiteral("-no-obsolete"), QStringLiteral("-locations"), QStringLiteral("none"),
                    QStringLiteral("-extensions"), QStringLiteral("cpp,h"),
-                   root.filePath(QStringLiteral("src")), root.filePath(QStringLiteral("libs/account")),
+                   // The include paths let lupdate see the libraries' namespaces, as the build's
+                   // lupdate target does; without them their screens' texts land in other contexts.
+                   QStringLiteral("-I"), root.filePath(QStringLiteral("src")), QStringLiteral("-I"),
+                   root.filePath(QStringLiteral("libs")), root.filePath(QStringLiteral("src")),
+                   root.filePath(QStringLiteral("libs/account")),
                    root.filePath(QStringLiteral("libs/update")), QStringLiteral("-ts"), copy});
     QVERIFY(lupdate.waitForFinished(60000));
     QCOMPARE(lupdate.exitCode(), 0);
