@@ -350,8 +350,9 @@ HttpResponse SyncService::pull(const HttpRequest &request, const Caller &caller)
         QJsonObject o = QJsonDocument::fromJson(row.payload).object();
         o.insert(QStringLiteral("id"), row.serverId);
         o.insert(QStringLiteral("client_id"), row.clientId);
-        if (row.entityType != kRecurring)
-            o.insert(QStringLiteral("version"), row.version);
+        // A rule's push payload has no version of its own, but its row goes out with the one the
+        // change carried: a device that read no version would hold 0 and see its later edits refused.
+        o.insert(QStringLiteral("version"), row.version);
         if (row.entityType == kAccount && row.ownerId != caller.userId)
             o.insert(QStringLiteral("is_shared"), 1);
         if (row.entityType == kCategory)

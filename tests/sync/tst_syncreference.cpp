@@ -92,6 +92,8 @@ void TstSyncReference::twoDevicesInStep()
         QVERIFY(laptop.transactions->insert(
             Fixtures::transaction(QStringLiteral("t-%1").arg(i), QStringLiteral("acct-1"), QDate(2024, 5, i),
                                   QStringLiteral("Payee %1").arg(i), -100 * i)));
+    QVERIFY(laptop.recurring->insert(
+        Fixtures::rule(QStringLiteral("rent"), QStringLiteral("acct-1"), QDate(2024, 6, 1), -90000)));
     QVERIFY(laptop.sync());
     QCOMPARE(laptop.scalar(QStringLiteral("SELECT count(*) FROM transactions WHERE sync_status='pending'")),
              0);
@@ -103,12 +105,21 @@ void TstSyncReference::twoDevicesInStep()
     QCOMPARE(liveRows(desktop), first);
     QVERIFY(desktop.transactions->update(
         registerEdit(*desktop.transactions->getById(QStringLiteral("t-2")), QStringLiteral("Edited"))));
+    // A rule's version travels only in the change object; the device must still learn the server's
+    // version, or its own later edit of the rule goes out older than the server's and is refused.
+    RecurringTransaction rent = *desktop.recurring->getById(QStringLiteral("rent"));
+    rent.amount = -95000;
+    rent.syncStatus = SyncStatus::Pending;
+    QVERIFY(desktop.recurring->update(rent));
     QVERIFY(desktop.sync());
+    QCOMPARE(desktop.scalar(QStringLiteral("SELECT sync_status FROM recurring_transactions")),
+             QStringLiteral("synced"));
     desktop.deactivate();
 
     QVERIFY(laptop.activate());
     QVERIFY(laptop.sync());
     QCOMPARE(laptop.transactions->getById(QStringLiteral("t-2"))->payee, QStringLiteral("Edited"));
+    QCOMPARE(laptop.recurring->getById(QStringLiteral("rent"))->amount, -95000);
     QVERIFY(laptop.transactions->softDelete(QStringLiteral("t-3")));
     QVERIFY(laptop.sync());
     const QStringList afterDelete = liveRows(laptop);
