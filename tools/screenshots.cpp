@@ -71,6 +71,8 @@ struct Page {
     const char *name;
     QSize size;
     std::function<QWidget *()> create;
+    // A window the main window opens at its default size times the font scale, as the user sees it.
+    bool scaled = false;
 };
 
 // A status bar alone is all margin; below a stand-in page it reads as it does in the window.
@@ -544,13 +546,18 @@ QWidget *accountPage(HalcAccount::AccountScreen::Tab tab, bool owner = true)
 
 QWidget *shareDialog(bool failed)
 {
+    // The main window's texts, looked up in its catalogue context so that every language shows.
+    const auto mw = [](const char *text) { return QCoreApplication::translate("MainWindow", text); };
     HalcAccount::ShareDialogTexts texts;
-    texts.windowTitle = QStringLiteral("Share Account");
-    texts.heading = QStringLiteral("Sharing: Joint Checking");
-    texts.description =
-        QStringLiteral("Share this account with members of your Halcyra family group. They'll see "
-                       "the same register, balances, and reconciliation history on their devices.");
-    texts.listLabel = QStringLiteral("Shared with");
+    texts.windowTitle = mw("Share Account");
+    texts.heading = mw("Sharing: %1").arg(QStringLiteral("Joint Checking"));
+    texts.description = mw("Share this account with members of your Halcyra family group. They'll see the "
+                           "same register, balances, and reconciliation history on their devices.");
+    texts.listLabel = mw("Shared with");
+    texts.empty = mw("Not shared with anyone yet.");
+    texts.add = mw("Share");
+    texts.remove = mw("Remove access");
+    texts.close = mw("Close");
     auto *dialog = new HalcAccount::ShareMembersDialog(g_state->accountClient(), nullptr,
                                                        QStringLiteral("acc-0"), texts);
     dialog->showShares({
@@ -584,35 +591,35 @@ const Page kPages[] = {
     {"recurringform", QSize(520, 0), recurringForm                   },
     {"register",      QSize(1200, 700), [] { return registerPage(false); }},
     {"register2",     QSize(1200, 700), [] { return registerPage(true); } },
-    {"importcsv",     QSize(650, 600),  importCsvPage                    },
-    {"importqif",     QSize(650, 600),  importQifPage                    },
-    {"importresult",  QSize(650, 600),  importResultPage                 },
-    {"recurring",     QSize(700, 500),  [] { return new RecurringScreen(g_state); }},
-    {"reconcile",     QSize(1100, 720), reconciliationPage                },
-    {"history",       QSize(750, 500),  [] { return historyPage("acc-0"); }},
-    {"historyempty",  QSize(750, 500),  [] { return historyPage("acc-1"); }},
-    {"settings-general",  QSize(500, 550), [] { return settingsPage(0); }},
-    {"settings-register", QSize(500, 550), [] { return settingsPage(1); }},
-    {"settings-data",     QSize(500, 550), [] { return settingsPage(2); }},
-    {"settings-about",    QSize(500, 550), [] { return settingsPage(3); }},
-    {"reports",       QSize(800, 600), [] { return reportsPage(ReportsScreen::CategorySpending, false); }},
-    {"reports-flow",  QSize(800, 600), [] { return reportsPage(ReportsScreen::CashFlow, false); }},
-    {"reports-yoy",   QSize(800, 600), [] { return reportsPage(ReportsScreen::YearOverYear, true); }},
-    {"reports-list",  QSize(800, 600), [] { return reportsPage(ReportsScreen::Transactions, false); }},
-    {"search",        QSize(800, 550),  searchPage                    },
-    {"payees",        QSize(550, 500),  payeesPage                    },
-    {"categories",    QSize(600, 500),  categoriesPage                },
+    {"importcsv",     QSize(650, 600),  importCsvPage                    , true},
+    {"importqif",     QSize(650, 600),  importQifPage                    , true},
+    {"importresult",  QSize(650, 600),  importResultPage                 , true},
+    {"recurring",     QSize(700, 500),  [] { return new RecurringScreen(g_state); }, true},
+    {"reconcile",     QSize(1100, 720), reconciliationPage                , true},
+    {"history",       QSize(750, 500),  [] { return historyPage("acc-0"); }, true},
+    {"historyempty",  QSize(750, 500),  [] { return historyPage("acc-1"); }, true},
+    {"settings-general",  QSize(500, 550), [] { return settingsPage(0); }, true},
+    {"settings-register", QSize(500, 550), [] { return settingsPage(1); }, true},
+    {"settings-data",     QSize(500, 550), [] { return settingsPage(2); }, true},
+    {"settings-about",    QSize(500, 550), [] { return settingsPage(3); }, true},
+    {"reports",       QSize(800, 600), [] { return reportsPage(ReportsScreen::CategorySpending, false); }, true},
+    {"reports-flow",  QSize(800, 600), [] { return reportsPage(ReportsScreen::CashFlow, false); }, true},
+    {"reports-yoy",   QSize(800, 600), [] { return reportsPage(ReportsScreen::YearOverYear, true); }, true},
+    {"reports-list",  QSize(800, 600), [] { return reportsPage(ReportsScreen::Transactions, false); }, true},
+    {"search",        QSize(800, 550),  searchPage                    , true},
+    {"payees",        QSize(550, 500),  payeesPage                    , true},
+    {"categories",    QSize(600, 500),  categoriesPage                , true},
     {"update",        QSize(520, 420),  [] { return updateDialog(true, false); } },
     {"update-nonotes", QSize(520, 0),   [] { return updateDialog(false, false); }},
     {"update-mandatory", QSize(520, 420), [] { return updateDialog(true, true); }},
     {"whatsnew",      QSize(560, 480),  whatsNewDialog                },
-    {"account-profile",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Profile); }},
-    {"account-group",    QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Group); }},
-    {"account-member",   QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Group, false); }},
-    {"account-devices",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Devices); }},
-    {"account-security", QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Security); }},
-    {"account-privacy",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Privacy); }},
-    {"account-privacy-member", QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Privacy, false); }},
+    {"account-profile",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Profile); }, true},
+    {"account-group",    QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Group); }, true},
+    {"account-member",   QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Group, false); }, true},
+    {"account-devices",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Devices); }, true},
+    {"account-security", QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Security); }, true},
+    {"account-privacy",  QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Privacy); }, true},
+    {"account-privacy-member", QSize(600, 550), [] { return accountPage(HalcAccount::AccountScreen::Tab::Privacy, false); }, true},
     {"share",            QSize(620, 620), [] { return shareDialog(false); }},
     {"share-failed",     QSize(620, 620), [] { return shareDialog(true); }},
 };
@@ -622,8 +629,8 @@ bool render(const Page &page, const QString &path)
 {
     std::unique_ptr<QWidget> widget(page.create());
     // A height of 0 lets a dialog take the height its form asks for.
-    widget->resize(page.size.width(),
-                   page.size.height() > 0 ? page.size.height() : widget->sizeHint().height());
+    const QSize size = page.scaled ? page.size * (ThemeManager::currentFontScale() / 100.0) : page.size;
+    widget->resize(size.width(), size.height() > 0 ? size.height() : widget->sizeHint().height());
     widget->show();
     QApplication::processEvents();
     return widget->grab().save(path);

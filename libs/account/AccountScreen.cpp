@@ -6,6 +6,7 @@
 #include "account/Prompter.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -15,6 +16,8 @@
 #include <QStackedWidget>
 #include <QTimer>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace HalcAccount {
 
@@ -95,12 +98,12 @@ void AccountScreen::setupUi()
     layout->setSpacing(0);
 
     m_sideList = new QListWidget(this);
-    m_sideList->setFixedWidth(180);
     m_sideList->setFrameShape(QFrame::NoFrame);
     m_sideList->setFocusPolicy(Qt::NoFocus);
     m_sideList->setSpacing(2);
     m_sideList->addItems({tr("Profile"), tr("Group"), tr("Devices"), tr("Security"), tr("Data & Privacy")});
     rebuildSideListStyle();
+    fitSideList();
     layout->addWidget(m_sideList);
 
     auto *right = new QVBoxLayout;
@@ -122,6 +125,24 @@ void AccountScreen::setupUi()
     layout->addLayout(right, 1);
 
     m_sideList->setCurrentRow(0);
+}
+
+// 180 pixels hold the section names in English at the normal font; a longer translation or a larger
+// font widens the list rather than cutting a name short.
+void AccountScreen::fitSideList()
+{
+    int widest = 0;
+    for (int i = 0; i < m_sideList->count(); ++i)
+        widest = std::max(widest, m_sideList->fontMetrics().horizontalAdvance(m_sideList->item(i)->text()));
+    // The items' padding of 12 and the list's of 8 on either side, the item spacing, and a little air.
+    m_sideList->setFixedWidth(std::max(180, widest + 2 * 12 + 2 * 8 + 2 * 2 + 8));
+}
+
+void AccountScreen::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange && m_sideList)
+        fitSideList();
 }
 
 void AccountScreen::rebuildSideListStyle()

@@ -55,6 +55,9 @@ public:
 signals:
     void logoutRequested();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
     void setupUi();
     QWidget *createProfileTab();
@@ -66,6 +69,7 @@ private:
     static QWidget *section(const QString &title, const QString &description);
     void replaceContent(QVBoxLayout *slot, QWidget *content);
     void rebuildSideListStyle();
+    void fitSideList();
     void showPrivacy(const Profile &profile);
     QWidget *memberRow(const GroupMember &member, bool removable);
 
