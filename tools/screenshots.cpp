@@ -85,8 +85,8 @@ QWidget *statusBarFrame()
     auto *bar = new StatusBar(frame);
     bar->setAccountCount(3);
     bar->setRecurringDue(2);
-    bar->setSyncText(QStringLiteral("Synced"));
-    bar->showProgress(QStringLiteral("Importing transactions…"));
+    bar->setSyncText(QCoreApplication::translate("SyncEngine", "Synced"));
+    bar->showProgress(QCoreApplication::translate("HalcUpdate", "Checking for updates…"));
     layout->addWidget(bar);
     return frame;
 }

@@ -14,11 +14,6 @@ namespace {
 
 constexpr int kMessageMsec = 5000;
 
-QString translate(const char *text)
-{
-    return QCoreApplication::translate("HalcUpdate", text);
-}
-
 } // namespace
 
 Client *checkAtStartup(const Config &config, const QString &applicationName, QWidget *window,
@@ -65,7 +60,7 @@ Client *checkForUpdates(const Config &config, const QString &applicationName, QW
 {
     auto *client = new Client(config, window);
     if (status.showProgress)
-        status.showProgress(translate("Checking for updates…"));
+        status.showProgress(QCoreApplication::translate("HalcUpdate", "Checking for updates…"));
     const auto message = [status](const QString &text) {
         if (status.showMessage)
             status.showMessage(text, kMessageMsec);
@@ -83,11 +78,12 @@ Client *checkForUpdates(const Config &config, const QString &applicationName, QW
                      });
     QObject::connect(client, &Client::upToDate, client, [client, config, applicationName, message] {
         client->deleteLater();
-        message(translate("%1 is up to date (version %2)").arg(applicationName, config.currentVersion));
+        message(QCoreApplication::translate("HalcUpdate", "%1 is up to date (version %2)")
+                    .arg(applicationName, config.currentVersion));
     });
     QObject::connect(client, &Client::checkFailed, client, [client, message](const QString &reason) {
         client->deleteLater();
-        message(translate("Update check failed: %1").arg(reason));
+        message(QCoreApplication::translate("HalcUpdate", "Update check failed: %1").arg(reason));
     });
     client->check();
     return client;

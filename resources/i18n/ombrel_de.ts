@@ -912,6 +912,18 @@ Geben Sie zur Bestätigung DELETE ein:</translation>
         <source>*Release notes are not available for this version.*</source>
         <translation>*Für diese Version sind keine Versionshinweise verfügbar.*</translation>
     </message>
+    <message>
+        <source>Checking for updates…</source>
+        <translation>Suche nach Updates…</translation>
+    </message>
+    <message>
+        <source>%1 is up to date (version %2)</source>
+        <translation>%1 ist auf dem neuesten Stand (Version %2)</translation>
+    </message>
+    <message>
+        <source>Update check failed: %1</source>
+        <translation>Suche nach Updates fehlgeschlagen: %1</translation>
+    </message>
 </context>
 <context>
     <name>HalcUpdate::UpdateDialog</name>

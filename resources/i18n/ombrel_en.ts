@@ -904,6 +904,18 @@ Type DELETE to confirm:</source>
         <source>*Release notes are not available for this version.*</source>
         <translation type="unfinished"></translation>
     </message>
+    <message>
+        <source>Checking for updates…</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>%1 is up to date (version %2)</source>
+        <translation type="unfinished"></translation>
+    </message>
+    <message>
+        <source>Update check failed: %1</source>
+        <translation type="unfinished"></translation>
+    </message>
 </context>
 <context>
     <name>HalcUpdate::UpdateDialog</name>

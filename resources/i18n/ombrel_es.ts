@@ -912,6 +912,18 @@ Escriba DELETE para confirmar:</translation>
         <source>*Release notes are not available for this version.*</source>
         <translation>*No hay notas disponibles para esta versión.*</translation>
     </message>
+    <message>
+        <source>Checking for updates…</source>
+        <translation>Buscando actualizaciones…</translation>
+    </message>
+    <message>
+        <source>%1 is up to date (version %2)</source>
+        <translation>%1 está actualizado (versión %2)</translation>
+    </message>
+    <message>
+        <source>Update check failed: %1</source>
+        <translation>No se pudieron buscar actualizaciones: %1</translation>
+    </message>
 </context>
 <context>
     <name>HalcUpdate::UpdateDialog</name>

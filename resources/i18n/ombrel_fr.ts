@@ -912,6 +912,18 @@ Tapez DELETE pour confirmer :</translation>
         <source>*Release notes are not available for this version.*</source>
         <translation>*Les notes de version ne sont pas disponibles pour cette version.*</translation>
     </message>
+    <message>
+        <source>Checking for updates…</source>
+        <translation>Recherche de mises à jour…</translation>
+    </message>
+    <message>
+        <source>%1 is up to date (version %2)</source>
+        <translation>%1 est à jour (version %2)</translation>
+    </message>
+    <message>
+        <source>Update check failed: %1</source>
+        <translation>Échec de la recherche de mises à jour : %1</translation>
+    </message>
 </context>
 <context>
     <name>HalcUpdate::UpdateDialog</name>

@@ -912,6 +912,18 @@ Type DELETE to confirm:</source>
         <source>*Release notes are not available for this version.*</source>
         <translation>*このバージョンのリリースノートはありません。*</translation>
     </message>
+    <message>
+        <source>Checking for updates…</source>
+        <translation>アップデートを確認しています…</translation>
+    </message>
+    <message>
+        <source>%1 is up to date (version %2)</source>
+        <translation>%1 は最新です（バージョン %2）</translation>
+    </message>
+    <message>
+        <source>Update check failed: %1</source>
+        <translation>アップデートを確認できませんでした: %1</translation>
+    </message>
 </context>
 <context>
     <name>HalcUpdate::UpdateDialog</name>
