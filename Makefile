@@ -2,7 +2,7 @@
 # make test  installs what is missing, builds and runs every test
 # make package builds the Debian packages of the program (and of the reference server) in build/
 # make bench installs what is missing, builds and times storage, screens, reports, imports and backups,
-#            and the reference server's push and pull
+#            the reference server's push and pull, and the first sync of the household between two devices
 # make serve installs what is missing, builds the reference server and starts it on build/serve-data
 # make sync-soak  runs the sync fault simulation for SIM_SEEDS seeds (default 200) from SIM_FIRST_SEED
 # make fuzz  installs clang and libFuzzer, builds the fuzz targets of the import parsers and the backup
@@ -42,6 +42,7 @@ package: build
 bench: build
 	$(BUILD_DIR)/bench/ombrel_bench
 	$(BUILD_DIR)/bench/ombrel_server_bench
+	$(BUILD_DIR)/bench/ombrel_sync_bench
 
 # The reference server on a data folder under the build directory; Ctrl+C stops it.
 SERVE_DATA   ?= $(BUILD_DIR)/serve-data

@@ -203,7 +203,7 @@ MainWindow::MainWindow(AppState *state, QWidget *parent)
     });
 
     connect(m_state->recurring(), &RecurringRepository::recurringChanged, this,
-            &MainWindow::showRecurringDue);
+            &MainWindow::queueRecurringDue);
     connect(m_state->recurringService(), &RecurringService::pendingCountChanged, m_statusBar,
             &StatusBar::setRecurringDue);
 
@@ -262,6 +262,21 @@ void MainWindow::postDueRecurring()
     m_statusBar->showTimedMessage(tr("Auto-posted %n recurring transaction(s)", nullptr, posted),
                                   kStatusLong);
     onAccountsChanged();
+}
+
+// The due count reads every rule; a pull that writes rules one by one counts them once, next turn.
+void MainWindow::queueRecurringDue()
+{
+    if (m_recurringDueQueued)
+        return;
+    m_recurringDueQueued = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            m_recurringDueQueued = false;
+            showRecurringDue();
+        },
+        Qt::QueuedConnection);
 }
 
 void MainWindow::showRecurringDue()
@@ -610,7 +625,7 @@ void MainWindow::onTransactionsChanged(const QString &accountId)
     refreshBalance(accountId);
 }
 
-// False when the list had to be rebuilt whole, which has read every balance already.
+// False when the whole list is to be rebuilt, which reads every balance anyway.
 bool MainWindow::refreshBalance(const QString &accountId)
 {
     for (int row = 0; row < m_accountList->count(); ++row) {
@@ -627,8 +642,9 @@ bool MainWindow::refreshBalance(const QString &accountId)
         m_totalLabel->setText(tr("Total: %1").arg(formatAmount(total, Currency::USD)));
         return true;
     }
-    // An account the list does not show yet (or a change that names none).
-    onAccountsChanged();
+    // An account the list does not show yet (or a change that names none): the list is rebuilt once,
+    // next turn, however many of its rows a pull writes meanwhile.
+    queueAccountListRebuild();
     return false;
 }
 

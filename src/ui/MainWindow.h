@@ -85,6 +85,7 @@ private:
     // What a sync cycle tells the window: its state for the label, its end, its failure, new rows.
     void connectSync();
     void postDueRecurring();
+    void queueRecurringDue();
     void showRecurringDue();
     // Shows a screen in a window of its own, sized once on first use, and brings it to the front.
     void presentScreen(QWidget *screen, const QString &title, const QSize &defaultSize);
@@ -111,6 +112,7 @@ private:
     QSet<QString> m_staleBalances;
     bool m_balancesQueued = false;
     bool m_accountListRebuildQueued = false;
+    bool m_recurringDueQueued = false;
     RecurringScreen *m_recurringScreen = nullptr;
     ReconciliationHistoryScreen *m_reconciliationHistoryScreen = nullptr;
     SettingsScreen *m_settingsScreen = nullptr;
