@@ -41,6 +41,27 @@ class TstQifImport : public QObject {
         return m_s->service.importQifFiles(paths, accounts);
     }
     int count(const char *table) { return m_s->count(QStringLiteral("SELECT COUNT(*) FROM %1").arg(table)); }
+    // A row and its link as one line: account, amount, payee, memo, destination, version, state, and the
+    // account of a partner that links back.
+    QString describe(const Transaction &t)
+    {
+        const auto partner = m_s->transactions.getById(t.transferLinkId);
+        return QStringLiteral("%1 %2 %3 [%4] >%5 v%6 %7 %8")
+            .arg(t.accountId)
+            .arg(t.amount)
+            .arg(t.payee, t.memo, t.transferDestAccountId)
+            .arg(t.version)
+            .arg(syncStatusToString(t.syncStatus),
+                 partner && partner->transferLinkId == t.id ? partner->accountId : "-");
+    }
+    QStringList describeAll(const QString &accountId)
+    {
+        QStringList out;
+        for (const Transaction &t : m_s->rows(accountId))
+            out << describe(t);
+        out.sort();
+        return out;
+    }
 
 private slots:
     void init()
@@ -60,18 +81,9 @@ private slots:
         QCOMPARE(r.transfersLinked, 1);
         QCOMPARE(r.retroactiveLinks, 0);
         QVERIFY(!r.aborted);
-        const Transaction savings = m_s->rows("sav").value(0);
-        const auto rent = m_s->transactions.getById(savings.transferLinkId);
-        QVERIFY(rent);
-        QCOMPARE(rent->accountId, QStringLiteral("chk"));
-        QCOMPARE(rent->amount, -10000);
-        QCOMPARE(rent->memo, QStringLiteral("rent"));
-        QCOMPARE(rent->transferLinkId, savings.id);
-        QCOMPARE(rent->transferDestAccountId, QStringLiteral("sav"));
-        QCOMPARE(savings.transferDestAccountId, QStringLiteral("chk"));
-        QCOMPARE(savings.memo, QString());
-        QCOMPARE(rent->version, 1);
-        QCOMPARE(rent->syncStatus, SyncStatus::Pending);
+        QCOMPARE(describeAll("sav"), QStringList{"sav 10000 Landlord [] >chk v1 pending chk"});
+        QCOMPARE(describeAll("chk"), (QStringList{"chk -10000 Landlord [rent] >sav v1 pending sav",
+                                                  "chk -2000 Market [] > v1 pending -"}));
 
         const int categories = m_s->categories.count();
         const ImportResult again = import(paths, accounts);
@@ -88,23 +100,30 @@ private slots:
         QTest::addColumn<QString>("text");
         QTest::addColumn<QString>("savingsTarget");
         QTest::addColumn<int>("unmapped");
-        QTest::addColumn<QStringList>("rows"); // payee|memo of the checking account, sorted
+        QTest::addColumn<QStringList>("rows"); // the checking account's, sorted
         QString noMemo = kChecking;
         noMemo.remove(QStringLiteral("Mrent\n"));
         QTest::newRow("partner skipped")
-            << kChecking + kSavings << "" << 1 << QStringList{"Landlord|[→ Savings] rent", "Market|"};
+            << kChecking + kSavings << "" << 1
+            << QStringList{"chk -10000 Landlord [[→ Savings] rent] > v1 pending -",
+                           "chk -2000 Market [] > v1 pending -"};
         QTest::newRow("partner skipped, no memo")
-            << noMemo + kSavings << "" << 1 << QStringList{"Landlord|[→ Savings]", "Market|"};
+            << noMemo + kSavings << "" << 1
+            << QStringList{"chk -10000 Landlord [[→ Savings]] > v1 pending -",
+                           "chk -2000 Market [] > v1 pending -"};
         QTest::newRow("two sources on one target")
             << kChecking + kSavings << "chk" << 0
-            << QStringList{"Landlord|[→ Checking]", "Landlord|[→ Savings] rent", "Market|"};
-        QTest::newRow("to itself is a plain row") << "!Account\nNChecking\n^\n!Type:Bank\nD1/1/"
-                                                     "2024\nT500\nPOpening Balance\nMfirst\nL[checking]\n^\n"
-                                                  << "" << 0 << QStringList{"Opening Balance|first"};
+            << QStringList{"chk -10000 Landlord [[→ Savings] rent] > v1 pending -",
+                           "chk -2000 Market [] > v1 pending -",
+                           "chk 10000 Landlord [[→ Checking]] > v1 pending -"};
+        QTest::newRow("to itself is a plain row")
+            << "!Account\nNChecking\n^\n!Type:Bank\nD1/1/"
+               "2024\nT500\nPOpening Balance\nMfirst\nL[checking]\n^\n"
+            << "" << 0 << QStringList{"chk 50000 Opening Balance [first] > v1 pending -"};
         // With no payee, the bracket names the row.
         QTest::newRow("unknown account")
             << "!Account\nNChecking\n^\n!Type:Bank\nD1/1/2024\nT-5\nL[Brokerage]\n^\n"
-            << "" << 0 << QStringList{"Brokerage|[→ Brokerage]"};
+            << "" << 0 << QStringList{"chk -500 Brokerage [[→ Brokerage]] > v1 pending -"};
     }
 
     void unlinkedTransfersLeaveAHint()
@@ -118,13 +137,7 @@ private slots:
         QCOMPARE(r.imported, rows.size());
         QCOMPARE(r.unmappedRecords, unmapped);
         QCOMPARE(r.transfersLinked, 0);
-        QStringList got;
-        for (const Transaction &t : m_s->rows("chk")) {
-            got << t.payee + '|' + t.memo;
-            QVERIFY(t.transferLinkId.isEmpty() && t.transferDestAccountId.isEmpty());
-        }
-        got.sort();
-        QCOMPARE(got, rows);
+        QCOMPARE(describeAll("chk"), rows);
         QVERIFY(m_s->rows("sav").isEmpty());
     }
 
@@ -139,17 +152,10 @@ private slots:
         QCOMPARE(r.imported, 1);
         QCOMPARE(r.transfersLinked, 1);
         QCOMPARE(r.retroactiveLinks, 1);
-        const Transaction fresh = m_s->rows("sav").value(0);
         old = *m_s->transactions.getById(old.id);
-        QCOMPARE(old.memo, QStringLiteral("rent"));
-        QCOMPARE(old.version, 2);
-        QCOMPARE(old.syncStatus, SyncStatus::Pending);
+        QCOMPARE(describe(old), QStringLiteral("chk -10000 Landlord [rent] >sav v2 pending sav"));
         QCOMPARE(old.serverId, QStringLiteral("server-1"));
-        QCOMPARE(old.transferLinkId, fresh.id);
-        QCOMPARE(old.transferDestAccountId, QStringLiteral("sav"));
-        QCOMPARE(fresh.transferLinkId, old.id);
-        QCOMPARE(fresh.transferDestAccountId, QStringLiteral("chk"));
-        QCOMPARE(fresh.memo, QString());
+        QCOMPARE(describeAll("sav"), QStringList{"sav 10000 Landlord [] >chk v1 pending chk"});
 
         // A linked row is no candidate any more: the same transfer once more is a duplicate, and a
         // mirror of it on another day finds nothing to link to.
