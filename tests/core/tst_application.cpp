@@ -63,12 +63,6 @@ private slots:
         qDeleteAll(qApp->findChildren<QTimer *>(QStringLiteral("updateCheckTimer")));
     }
 
-    void translationsAreBuiltIn()
-    {
-        for (const QString &code : supportedLanguages())
-            QVERIFY2(QFile::exists(QStringLiteral(":/i18n/ombrel_%1.qm").arg(code)), qPrintable(code));
-    }
-
     void unusableDataDirectoryExitsWithStatusOne()
     {
         // A plain file where the data directory should be: nothing can be made beneath it.
@@ -152,15 +146,6 @@ private slots:
         QFETCH(QString, system);
         QFETCH(QString, expected);
         QCOMPARE(::resolveLanguage(stored, system), expected);
-    }
-
-    void storedLanguageIsRead()
-    {
-        QCOMPARE(resolvedLanguage(false), QStringLiteral("system"));
-        setLanguage(QStringLiteral("fr"));
-        QCOMPARE(resolvedLanguage(false), QStringLiteral("fr"));
-        QCOMPARE(resolvedLanguage(true), QStringLiteral("fr"));
-        setLanguage(QStringLiteral("system"));
     }
 
     void preferencesAppliedAtStart_data()
