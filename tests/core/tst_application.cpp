@@ -63,12 +63,6 @@ private slots:
         qDeleteAll(qApp->findChildren<QTimer *>(QStringLiteral("updateCheckTimer")));
     }
 
-    void translationsAreBuiltIn()
-    {
-        for (const QString &code : supportedLanguages())
-            QVERIFY2(QFile::exists(QStringLiteral(":/i18n/ombrel_%1.qm").arg(code)), qPrintable(code));
-    }
-
     void unusableDataDirectoryExitsWithStatusOne()
     {
         // A plain file where the data directory should be: nothing can be made beneath it.
@@ -112,12 +106,13 @@ private slots:
         QTest::addColumn<int>("type");
         QTest::addColumn<QString>("message");
         QTest::addColumn<QByteArray>("expected");
-        QTest::newRow("debug dropped") << int(QtDebugMsg) << "noise" << QByteArray();
-        QTest::newRow("info dropped") << int(QtInfoMsg) << "Opening database at: /x" << QByteArray();
-        QTest::newRow("warning prefixed")
-            << int(QtWarningMsg) << "disk slow" << QByteArray("WARN: disk slow\n");
-        QTest::newRow("critical bare") << int(QtCriticalMsg) << "Failed: no" << QByteArray("Failed: no\n");
-        QTest::newRow("utf-8 kept") << int(QtWarningMsg) << "Café" << QByteArray("WARN: Caf\xc3\xa9\n");
+        // clang-format off
+        QTest::newRow("debug dropped")    << int(QtDebugMsg)    << "noise"                   << QByteArray();
+        QTest::newRow("info dropped")     << int(QtInfoMsg)     << "Opening database at: /x" << QByteArray();
+        QTest::newRow("warning prefixed") << int(QtWarningMsg)  << "disk slow"  << QByteArray("WARN: disk slow\n");
+        QTest::newRow("critical bare")    << int(QtCriticalMsg) << "Failed: no" << QByteArray("Failed: no\n");
+        QTest::newRow("utf-8 kept")       << int(QtWarningMsg)  << "Café" << QByteArray("WARN: Caf\xc3\xa9\n");
+        // clang-format on
     }
 
     void filteredLog()
@@ -136,15 +131,13 @@ private slots:
         QTest::addColumn<QString>("stored");
         QTest::addColumn<QString>("system");
         QTest::addColumn<QString>("expected");
-        const auto row = [](const char *name, const char *stored, const char *system, const char *expected) {
-            QTest::newRow(name) << QString::fromLatin1(stored) << QString::fromLatin1(system)
-                                << QString::fromLatin1(expected);
-        };
-        row("system, supported", "system", "de_DE", "de");
-        row("system, unsupported", "system", "pt_BR", "en");
-        row("system, C locale", "system", "C", "en");
-        row("explicit choice", "ja", "de_DE", "ja");
-        row("unknown code stands", "xx", "fr_FR", "xx");
+        // clang-format off
+        QTest::newRow("system, supported")   << "system" << "de_DE" << "de";
+        QTest::newRow("system, unsupported") << "system" << "pt_BR" << "en";
+        QTest::newRow("system, C locale")    << "system" << "C"     << "en";
+        QTest::newRow("explicit choice")     << "ja"     << "de_DE" << "ja";
+        QTest::newRow("unknown code stands") << "xx"     << "fr_FR" << "xx";
+        // clang-format on
     }
 
     void resolveLanguage()
@@ -155,27 +148,20 @@ private slots:
         QCOMPARE(::resolveLanguage(stored, system), expected);
     }
 
-    void storedLanguageIsRead()
-    {
-        QCOMPARE(resolvedLanguage(false), QStringLiteral("system"));
-        setLanguage(QStringLiteral("fr"));
-        QCOMPARE(resolvedLanguage(false), QStringLiteral("fr"));
-        QCOMPARE(resolvedLanguage(true), QStringLiteral("fr"));
-        setLanguage(QStringLiteral("system"));
-    }
-
     void preferencesAppliedAtStart_data()
     {
         QTest::addColumn<QString>("fontScale");
         QTest::addColumn<QString>("weekStartDay");
         QTest::addColumn<int>("expectedScale");
         QTest::addColumn<int>("expectedFirstDay"); // 0: the locale's
-        QTest::newRow("unset") << QString() << QString() << 100 << 0;
-        QTest::newRow("not a number") << QStringLiteral("abc") << QStringLiteral("x") << 100 << 0;
-        QTest::newRow("too large") << QStringLiteral("500") << QStringLiteral("8") << 160 << 0;
-        QTest::newRow("too small") << QStringLiteral("10") << QStringLiteral("0") << 70 << 0;
-        QTest::newRow("in range") << QStringLiteral("125") << QStringLiteral("7") << 125 << int(Qt::Sunday);
-        QTest::newRow("monday") << QStringLiteral("100") << QStringLiteral("1") << 100 << int(Qt::Monday);
+        // clang-format off
+        QTest::newRow("unset")        << QString() << QString() << 100 << 0;
+        QTest::newRow("not a number") << "abc"     << "x"       << 100 << 0;
+        QTest::newRow("too large")    << "500"     << "8"       << 160 << 0;
+        QTest::newRow("too small")    << "10"      << "0"       << 70  << 0;
+        QTest::newRow("in range")     << "125"     << "7"       << 125 << int(Qt::Sunday);
+        QTest::newRow("monday")       << "100"     << "1"       << 100 << int(Qt::Monday);
+        // clang-format on
     }
 
     void preferencesAppliedAtStart()

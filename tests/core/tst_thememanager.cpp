@@ -1,5 +1,6 @@
 #include "core/ThemeManager.h"
 #include "data/PreferencesRepository.h"
+#include "support/SpyText.h"
 #include "support/TempDatabase.h"
 
 #include <QApplication>
@@ -9,7 +10,6 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <memory>
@@ -42,22 +42,24 @@ private slots:
         QTest::addColumn<int>("role");
         QTest::addColumn<int>("pointSize");
         QTest::addColumn<int>("weight");
-
         const QFont nine(QStringLiteral("Sans"), 9);
         QFont bold = nine;
         bold.setWeight(QFont::Bold);
         QFont pixels(QStringLiteral("Sans"));
         pixels.setPixelSize(30);
-        QTest::newRow("small") << nine << 100 << 2 << 7 << int(QFont::Normal);
-        QTest::newRow("display") << nine << 100 << 6 << 23 << 700;
-        QTest::newRow("70 body") << nine << 70 << 0 << 6 << int(QFont::Normal);
-        QTest::newRow("70 small floor") << nine << 70 << 2 << 7 << int(QFont::Normal);
-        QTest::newRow("160 title") << nine << 160 << 5 << 22 << 600;
-        QTest::newRow("pixel base is ten") << pixels << 70 << 3 << 8 << 500;
-        QTest::newRow("tiny base") << QFont(QStringLiteral("Sans"), 1) << 70 << 0 << 1 << int(QFont::Normal);
-        QTest::newRow("bold base kept") << bold << 100 << 2 << 7 << 700;
-        QTest::newRow("amounts ignore bold base") << bold << 160 << 7 << 14 << int(QFont::Normal);
-        QTest::newRow("unknown role is body") << nine << 160 << 8 << 14 << int(QFont::Normal);
+        const int normal = QFont::Normal;
+        // clang-format off
+        QTest::newRow("small")                    << nine   << 100 << 2 << 7  << normal;
+        QTest::newRow("display")                  << nine   << 100 << 6 << 23 << 700;
+        QTest::newRow("70 body")                  << nine   << 70  << 0 << 6  << normal;
+        QTest::newRow("70 small floor")           << nine   << 70  << 2 << 7  << normal;
+        QTest::newRow("160 title")                << nine   << 160 << 5 << 22 << 600;
+        QTest::newRow("pixel base is ten")        << pixels << 70  << 3 << 8  << 500;
+        QTest::newRow("tiny base")                << QFont(QStringLiteral("Sans"), 1) << 70 << 0 << 1 << normal;
+        QTest::newRow("bold base kept")           << bold   << 100 << 2 << 7  << 700;
+        QTest::newRow("amounts ignore bold base") << bold   << 160 << 7 << 14 << normal;
+        QTest::newRow("unknown role is body")     << nine   << 160 << 8 << 14 << normal;
+        // clang-format on
     }
 
     void fontForRole()
@@ -67,7 +69,6 @@ private slots:
         QFETCH(int, role);
         QFETCH(int, pointSize);
         QFETCH(int, weight);
-
         ThemeManager::setBaseFont(base);
         ThemeManager::setCurrentFontScale(scale);
         QCOMPARE(ThemeManager::fontForRole(role).pointSize(), pointSize);
@@ -90,26 +91,21 @@ private slots:
         QFETCH(int, stored);
         QFETCH(int, appPointSize);
         QSignalSpy scaleSpy(&*m_theme, &ThemeManager::fontScaleChanged);
-
         m_theme->setFontScale(requested);
         QCOMPARE(ThemeManager::currentFontScale(), stored);
         QCOMPARE(m_prefs->getOr(QStringLiteral("fontScale"), QString()), QString::number(stored));
         QCOMPARE(QApplication::font().pointSize(), appPointSize);
-        QCOMPARE(scaleSpy.count(), 1);
-        QCOMPARE(scaleSpy.at(0).at(0).toInt(), stored);
+        QCOMPARE(spyText(scaleSpy), QString::number(stored));
     }
 
     void setFontScaleRefontsRoleWidgets()
     {
-        QLabel display;
+        QLabel display, emphasised, plain;
         display.setProperty("halcFontRole", 6);
-        QLabel emphasised;
         emphasised.setProperty("halcFontRole", 2);
         emphasised.setProperty("halcFontItalic", true);
         emphasised.setProperty("halcFontWeight", 300);
-        QLabel plain;
         plain.setFont(QFont(QStringLiteral("Sans"), 20));
-
         m_theme->setFontScale(160);
         QCOMPARE(display.font().pointSize(), 28);
         QVERIFY(!display.font().italic());
@@ -117,7 +113,6 @@ private slots:
         QVERIFY(emphasised.font().italic());
         QCOMPARE(int(emphasised.font().weight()), 300);
         QCOMPARE(plain.font().pointSize(), 20);
-
         // Scaling back starts again from the base font rather than compounding on the scaled one.
         m_theme->setFontScale(100);
         QCOMPARE(display.font().pointSize(), 23);
@@ -145,89 +140,68 @@ private slots:
         QFETCH(bool, dark);
         m_theme->setTheme(ThemeManager::Dark);
         QSignalSpy spy(&*m_theme, &ThemeManager::themeChanged);
-
         m_theme->setThemeByName(name);
         QCOMPARE(m_theme->theme(), theme);
         QCOMPARE(m_prefs->getOr(QStringLiteral("theme"), QString()), word);
         QCOMPARE(spy.count(), 1);
         QCOMPARE(spy.at(0).at(0).value<ThemeManager::Theme>(), theme);
-
         const QPalette palette = QApplication::palette();
-        QCOMPARE(palette.color(QPalette::Inactive, QPalette::Window), QColor(dark ? 0x0F1E19 : 0xFAFBFA));
-        QCOMPARE(palette.color(QPalette::Disabled, QPalette::Text), QColor(dark ? 0x3A5A4A : 0xA0B5A8));
-        QCOMPARE(palette.color(QPalette::Active, QPalette::Text), QColor(dark ? 0xD8E8DF : 0x1B2D26));
-        QCOMPARE(ThemeManager::positiveColor(), QColor(dark ? 0x66BB6A : 0x2E7D32));
-        QCOMPARE(ThemeManager::negativeColor(), QColor(dark ? 0xFF8A80 : 0xC62828));
-        QCOMPARE(ThemeManager::warningColor(), QColor(dark ? 0xFFA726 : 0xE65100));
-    }
-
-    void styledWidgetsTakeTheNewPalette_data()
-    {
-        QTest::addColumn<ThemeManager::Theme>("from");
-        QTest::addColumn<ThemeManager::Theme>("to");
-        QTest::addColumn<QColor>("base");
-        QTest::newRow("light to dark") << ThemeManager::Light << ThemeManager::Dark << QColor(0x152420);
-        QTest::newRow("dark to light") << ThemeManager::Dark << ThemeManager::Light << QColor(0xFFFFFF);
+        QStringList colors;
+        for (const QColor &color :
+             {palette.color(QPalette::Inactive, QPalette::Window),
+              palette.color(QPalette::Disabled, QPalette::Text),
+              palette.color(QPalette::Active, QPalette::Text), ThemeManager::positiveColor(),
+              ThemeManager::negativeColor(), ThemeManager::warningColor()})
+            colors << color.name();
+        QCOMPARE(colors.join(' '), dark ? QStringLiteral("#0f1e19 #3a5a4a #d8e8df #66bb6a #ff8a80 #ffa726")
+                                        : QStringLiteral("#fafbfa #a0b5a8 #1b2d26 #2e7d32 #c62828 #e65100"));
     }
 
     // A widget with a style sheet of its own keeps the palette it was polished with unless it is polished
-    // anew; an open window would stay half in the old theme.
+    // anew; an open window would stay half in the old theme. Both directions.
     void styledWidgetsTakeTheNewPalette()
     {
-        QFETCH(ThemeManager::Theme, from);
-        QFETCH(ThemeManager::Theme, to);
-        QFETCH(QColor, base);
-        m_theme->setTheme(from);
-        QWidget window;
-        auto *list = new QListWidget(&window);
-        list->setStyleSheet(
-            QStringLiteral("QListWidget { outline: none; } QListWidget::item { padding: 6px 8px; }"));
-        auto *child = new QListWidget(&window);
-        window.setStyleSheet(QStringLiteral("QPushButton { padding: 2px; }"));
-        window.show();
-
-        m_theme->setTheme(to);
-        for (const QListWidget *widget : {list, child}) {
-            QCOMPARE(widget->palette().color(QPalette::Base), base);
-            QCOMPARE(widget->palette().color(QPalette::Text), QApplication::palette().color(QPalette::Text));
+        for (const auto &[from, to, base] : {
+                 std::tuple{ThemeManager::Light, ThemeManager::Dark,  0x152420},
+                 std::tuple{ThemeManager::Dark,  ThemeManager::Light, 0xFFFFFF}
+        }) {
+            m_theme->setTheme(from);
+            QWidget window;
+            auto *list = new QListWidget(&window);
+            list->setStyleSheet(
+                QStringLiteral("QListWidget { outline: none; } QListWidget::item { padding: 6px; }"));
+            auto *child = new QListWidget(&window);
+            window.setStyleSheet(QStringLiteral("QPushButton { padding: 2px; }"));
+            window.show();
+            m_theme->setTheme(to);
+            for (const QListWidget *widget : {list, child}) {
+                QCOMPARE(widget->palette().color(QPalette::Base), QColor(base));
+                QCOMPARE(widget->palette().color(QPalette::Text),
+                         QApplication::palette().color(QPalette::Text));
+            }
         }
     }
 
-    void darkOutlinesRead_data()
-    {
-        QTest::addColumn<QString>("kind");
-        QTest::newRow("unchecked check box") << "check";
-        QTest::newRow("unchecked radio button") << "radio";
-        QTest::newRow("line edit frame") << "edit";
-        QTest::newRow("disabled button") << "disabled";
-    }
-
-    // On the dark window an unchecked box, a field or a disabled button must show some line that
-    // stands apart from the window colour, or the user cannot see it is there.
+    // On the dark window an unchecked box, a field or a disabled button must show some line that stands
+    // apart from the window colour, or the user cannot see it is there.
     void darkOutlinesRead()
     {
-        QFETCH(QString, kind);
         m_theme->setTheme(ThemeManager::Dark);
-        QWidget *widget = nullptr;
-        if (kind == QLatin1String("check"))
-            widget = new QCheckBox;
-        else if (kind == QLatin1String("radio"))
-            widget = new QRadioButton;
-        else if (kind == QLatin1String("edit"))
-            widget = new QLineEdit;
-        else
-            widget = new QPushButton(QStringLiteral("      "));
-        widget->setEnabled(kind != QLatin1String("disabled"));
-        std::unique_ptr<QWidget> owner(widget);
-        widget->resize(widget->sizeHint());
-        const QImage image = widget->grab().toImage();
         const int window = QApplication::palette().color(QPalette::Window).lightness();
-        int contrast = 0;
-        for (int y = 0; y < image.height(); ++y) {
-            for (int x = 0; x < image.width(); ++x)
-                contrast = std::max(contrast, std::abs(image.pixelColor(x, y).lightness() - window));
+        std::unique_ptr<QWidget> disabled = std::make_unique<QPushButton>(QStringLiteral("      "));
+        disabled->setEnabled(false);
+        std::unique_ptr<QWidget> widgets[] = {std::make_unique<QCheckBox>(), std::make_unique<QRadioButton>(),
+                                              std::make_unique<QLineEdit>(), std::move(disabled)};
+        for (const std::unique_ptr<QWidget> &widget : widgets) {
+            widget->resize(widget->sizeHint());
+            const QImage image = widget->grab().toImage();
+            int contrast = 0;
+            for (int y = 0; y < image.height(); ++y) {
+                for (int x = 0; x < image.width(); ++x)
+                    contrast = std::max(contrast, std::abs(image.pixelColor(x, y).lightness() - window));
+            }
+            QVERIFY2(contrast >= 50, widget->metaObject()->className());
         }
-        QVERIFY2(contrast >= 50, qPrintable(QStringLiteral("lightness difference %1").arg(contrast)));
     }
 };
 

@@ -1,5 +1,6 @@
 #include "core/Dates.h"
 #include "support/Fixtures.h"
+#include "support/SpyText.h"
 #include "support/TempStore.h"
 
 #include <QSignalSpy>
@@ -132,8 +133,7 @@ private slots:
         QVERIFY(m_repo->markSynced(QStringLiteral("gone"), QStringLiteral("s1")));
         QSignalSpy changed(m_repo, &TransactionRepository::transactionsChanged);
         QVERIFY(m_repo->softDelete(QStringLiteral("gone")));
-        QCOMPARE(changed.size(), 1);
-        QCOMPARE(changed.first().at(0).toString(), kAccount);
+        QCOMPARE(spyText(changed), kAccount);
         QCOMPARE(m_repo->getByAccountWithBalances(kAccount).last().runningBalance, qint64(100));
         QCOMPARE(m_repo->getPayees(), QStringList{QStringLiteral("Keeper")});
         QVERIFY(m_repo->search(QStringLiteral("Ghost"), {}).isEmpty());
@@ -169,17 +169,17 @@ private slots:
         QTest::addColumn<QStringList>("expected"); // newest first
         const QDate none, jan2(2026, 1, 2);
         const QStringList all{"c3", "c2", "c1"};
-        QTest::newRow("word") << "coffee" << QString() << none << none << -1 << all;
-        QTest::newRow("two words both required")
-            << "coffee shop" << QString() << none << none << -1 << QStringList{"c2"};
-        QTest::newRow("prefix") << "cof*" << QString() << none << none << -1 << all;
-        QTest::newRow("memo matches") << "beans" << QString() << none << none << -1 << QStringList{"c1"};
-        QTest::newRow("account") << "coffee" << kOther << none << none << -1 << QStringList{"c3"};
-        QTest::newRow("dates inclusive") << "coffee" << QString() << jan2 << jan2 << -1 << QStringList{"c2"};
-        QTest::newRow("cleared") << "coffee" << QString() << none << none << 1 << QStringList{"c1"};
-        QTest::newRow("filters combine") << "coffee" << kAccount << jan2 << none << 0 << QStringList{"c2"};
-        QTest::newRow("empty query, date filter")
-            << "" << QString() << QDate(2026, 1, 3) << none << -1 << QStringList{"r4", "c3"};
+        // clang-format off
+        QTest::newRow("word")                      << "coffee"      << QString() << none << none << -1 << all;
+        QTest::newRow("two words both required")   << "coffee shop" << QString() << none << none << -1 << QStringList{"c2"};
+        QTest::newRow("prefix")                    << "cof*"        << QString() << none << none << -1 << all;
+        QTest::newRow("memo matches")              << "beans"       << QString() << none << none << -1 << QStringList{"c1"};
+        QTest::newRow("account")                   << "coffee"      << kOther    << none << none << -1 << QStringList{"c3"};
+        QTest::newRow("dates inclusive")           << "coffee"      << QString() << jan2 << jan2 << -1 << QStringList{"c2"};
+        QTest::newRow("cleared")                   << "coffee"      << QString() << none << none << 1  << QStringList{"c1"};
+        QTest::newRow("filters combine")           << "coffee"      << kAccount  << jan2 << none << 0  << QStringList{"c2"};
+        QTest::newRow("empty query, date filter")  << ""            << QString() << QDate(2026, 1, 3) << none << -1 << QStringList{"r4", "c3"};
+        // clang-format on
     }
 
     void search()

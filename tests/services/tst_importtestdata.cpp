@@ -1,47 +1,13 @@
 // The QIF and CSV files that other programs exported, read and imported as a user would.
 
-#include "data/AccountRepository.h"
-#include "data/CategoryRepository.h"
-#include "data/SplitLineRepository.h"
-#include "data/TransactionRepository.h"
 #include "services/ImportBytes.h"
-#include "services/ImportService.h"
 #include "services/QifParser.h"
-#include "support/Fixtures.h"
-#include "support/TempDatabase.h"
+#include "support/ImportStore.h"
 
 #include <QDir>
-#include <QFile>
 #include <QTest>
 
-#include <memory>
-
-class TstImportTestData : public QObject {
-    Q_OBJECT
-private slots:
-    void init();
-    void cleanup();
-    void qifFilesParse_data();
-    void qifFilesParse();
-    void textComesOutRight();
-    void everyQifFileImportsCleanly();
-    void transferFilesLink();
-    void headerlessPairsLeaveHints();
-    void csvFiles_data();
-    void csvFiles();
-    void everyCsvFileImportsCleanly();
-
-private:
-    QHash<QString, QString> createAccountsFor(const QStringList &paths);
-    qint64 sum(const QString &accountId) const;
-
-    std::unique_ptr<TempDatabase> m_db;
-    std::unique_ptr<AccountRepository> m_accounts;
-    std::unique_ptr<TransactionRepository> m_transactions;
-    std::unique_ptr<CategoryRepository> m_categories;
-    std::unique_ptr<SplitLineRepository> m_splitLines;
-    std::unique_ptr<ImportService> m_service;
-};
+#include <optional>
 
 Q_DECLARE_METATYPE(CsvImportOptions)
 
@@ -63,67 +29,51 @@ QifParseResult parseFile(const QString &name)
 
 } // namespace
 
-void TstImportTestData::init()
-{
-    // The files stand beside the project, not in it: a checkout without them has nothing to read.
-    if (!kQif.exists() || !kCsv.exists())
-        QSKIP(qPrintable(QStringLiteral("no import test files at %1").arg(QDir::cleanPath(kQif.path()))));
-    m_db = std::make_unique<TempDatabase>();
-    QVERIFY(m_db->open());
-    m_accounts = std::make_unique<AccountRepository>(m_db->database());
-    m_transactions = std::make_unique<TransactionRepository>(m_db->database());
-    m_categories = std::make_unique<CategoryRepository>(m_db->database());
-    m_splitLines = std::make_unique<SplitLineRepository>(m_db->database());
-    m_service = std::make_unique<ImportService>(m_transactions.get(), m_categories.get(), m_splitLines.get());
-}
+class TstImportTestData : public QObject {
+    Q_OBJECT
+    std::optional<ImportStore> m_s;
 
-void TstImportTestData::cleanup()
-{
-    m_service.reset();
-    m_splitLines.reset();
-    m_categories.reset();
-    m_transactions.reset();
-    m_accounts.reset();
-    m_db.reset();
-}
-
-// One new account for each source the analysis finds, as the import screen does on its defaults.
-QHash<QString, QString> TstImportTestData::createAccountsFor(const QStringList &paths)
-{
-    QHash<QString, QString> map;
-    for (const QifSourceAccount &source : m_service->analyzeQifFiles(paths).sources) {
-        const QString id = QStringLiteral("acc%1").arg(map.size());
-        if (m_accounts->insert(Fixtures::account(id, source.displayName)))
-            map.insert(source.key, id);
+    // An account for each source the files name, as the import screen would make it.
+    QHash<QString, QString> createAccountsFor(const QStringList &paths)
+    {
+        QHash<QString, QString> map;
+        for (const QifSourceAccount &source : m_s->service.analyzeQifFiles(paths).sources) {
+            const QString id = QStringLiteral("acc%1").arg(map.size());
+            if (m_s->accounts.insert(Fixtures::account(id, source.displayName)))
+                map.insert(source.key, id);
+        }
+        return map;
     }
-    return map;
-}
+    int count(const QString &sql) { return m_s->count(sql); }
 
-qint64 TstImportTestData::sum(const QString &accountId) const
-{
-    qint64 total = 0;
-    for (const Transaction &t : m_transactions->getByAccount(accountId))
-        total += t.amount;
-    return total;
-}
+private slots:
+    void init()
+    {
+        // The files stand beside the project, not in it: a checkout without them has nothing to read.
+        if (!kQif.exists() || !kCsv.exists())
+            QSKIP(qPrintable(QStringLiteral("no import test files at %1").arg(QDir::cleanPath(kQif.path()))));
+        m_s.reset();
+        m_s.emplace();
+        QVERIFY(m_s->ok && m_s->accountsOk);
+    }
 
-void TstImportTestData::qifFilesParse_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<int>("records");
-    QTest::addColumn<int>("skipped");
-    QTest::addColumn<int>("metadata");
-    QTest::addColumn<int>("categories");
-    QTest::addColumn<QStringList>("accounts");
-    QTest::addColumn<bool>("dayFirst");
-    QTest::addColumn<qint64>("cents");
-    QTest::addColumn<int>("splits");
-    const auto row = [](const char *file, int records, int skipped, int metadata, int categories,
-                        const QStringList &accounts, bool dayFirst, qint64 cents, int splits) {
-        QTest::newRow(file) << QString::fromLatin1(file) << records << skipped << metadata << categories
-                            << accounts << dayFirst << cents << splits;
-    };
-    // clang-format off
+    void qifFilesParse_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<int>("records");
+        QTest::addColumn<int>("skipped");
+        QTest::addColumn<int>("metadata");
+        QTest::addColumn<int>("categories");
+        QTest::addColumn<QStringList>("accounts");
+        QTest::addColumn<bool>("dayFirst");
+        QTest::addColumn<qint64>("cents");
+        QTest::addColumn<int>("splits");
+        const auto row = [](const char *file, int records, int skipped, int metadata, int categories,
+                            const QStringList &accounts, bool dayFirst, qint64 cents, int splits) {
+            QTest::newRow(file) << QString::fromLatin1(file) << records << skipped << metadata << categories
+                                << accounts << dayFirst << cents << splits;
+        };
+        // clang-format off
     row("gnucash-abc-all.qif",                        10,  0,  4, 75, {"ABC Bank"},                false,    355400,  3);
     row("gnucash-ms-money.qif",                       347, 0,  0,  0, {},                          false,    200193,  0);
     row("gnucash-cbb-export.qif",                     9,   0,  0,  0, {},                          false,    -50759,  4);
@@ -146,181 +96,170 @@ void TstImportTestData::qifFilesParse_data()
     row("jemmyw-3_records_mmddyy.qif",                3,   0,  0,  0, {},                          false,         0,  0);
     row("jemmyw-3_records_separator.qif",             3,   0,  0,  0, {},                          true,   -3100000,  0);
     row("oca-test_qif_dmy.qif",                       5,   0,  0,  0, {},                          true,    -189609,  0);
-    // clang-format on
-}
-
-void TstImportTestData::qifFilesParse()
-{
-    QFETCH(QString, file);
-    QFETCH(int, records);
-    QFETCH(int, skipped);
-    QFETCH(int, metadata);
-    QFETCH(int, categories);
-    QFETCH(QStringList, accounts);
-    QFETCH(bool, dayFirst);
-    QFETCH(qint64, cents);
-    QFETCH(int, splits);
-    const QifParseResult r = parseFile(file);
-    QCOMPARE(r.transactions.size(), records);
-    QCOMPARE(r.skippedRecords, skipped);
-    QCOMPARE(r.metadataRecords, metadata);
-    QCOMPARE(r.categories.size(), categories);
-    QStringList names;
-    for (const QifAccountRef &a : r.accounts)
-        names << a.name;
-    QCOMPARE(names, accounts);
-    QCOMPARE(r.dateOrder, dayFirst ? QifDateOrder::DayFirst : QifDateOrder::MonthFirst);
-    qint64 total = 0;
-    int lines = 0;
-    for (const QifTransaction &t : r.transactions) {
-        QVERIFY(t.date.isValid());
-        total += t.amount;
-        lines += int(t.splits.size());
+        // clang-format on
     }
-    QCOMPARE(total, cents);
-    QCOMPARE(lines, splits);
-}
 
-void TstImportTestData::textComesOutRight()
-{
-    // ISO-8859-1 in the file.
-    const QifParseResult french = parseFile(QStringLiteral("gnucash-Money95bank_fr.qif"));
-    QStringList categories;
-    for (const QifTransaction &t : french.transactions)
-        categories << t.category;
-    QVERIFY(categories.contains(QStringLiteral("Loisirs:Canal Plus-Câble")));
-    QVERIFY(categories.contains(QStringLiteral("Maison:Electricité")));
-    QVERIFY(categories.contains(QStringLiteral("Impôts:Impôts sur le revenu")));
-    QCOMPARE(parseFile(QStringLiteral("quiffen-test_FMQifTest2023-10-18.qif")).transactions.first().payee,
-             QStringLiteral("Eröffnungssaldo"));
+    void qifFilesParse()
+    {
+        QFETCH(QString, file);
+        QFETCH(int, records);
+        QFETCH(int, skipped);
+        QFETCH(int, metadata);
+        QFETCH(int, categories);
+        QFETCH(QStringList, accounts);
+        QFETCH(bool, dayFirst);
+        QFETCH(qint64, cents);
+        QFETCH(int, splits);
+        const QifParseResult r = parseFile(file);
+        QCOMPARE(r.transactions.size(), records);
+        QCOMPARE(r.skippedRecords, skipped);
+        QCOMPARE(r.metadataRecords, metadata);
+        QCOMPARE(r.categories.size(), categories);
+        QStringList names;
+        for (const QifAccountRef &a : r.accounts)
+            names << a.name;
+        QCOMPARE(names, accounts);
+        QCOMPARE(r.dateOrder, dayFirst ? QifDateOrder::DayFirst : QifDateOrder::MonthFirst);
+        qint64 total = 0;
+        int lines = 0;
+        for (const QifTransaction &t : r.transactions) {
+            QVERIFY(t.date.isValid());
+            total += t.amount;
+            lines += int(t.splits.size());
+        }
+        QCOMPARE(total, cents);
+        QCOMPARE(lines, splits);
+    }
 
-    // A byte order mark does not spoil the first header, which here is metadata.
-    const QifParseResult marked = parseFile(QStringLiteral("nerdbank-sample.qif"));
-    QCOMPARE(marked.metadataRecords, 4);
-    QCOMPARE(marked.transactions.first().date, QDate(2008, 1, 1));
-    QCOMPARE(marked.transactions.first().amount, 150000);
-    QCOMPARE(marked.transactions.last().date, QDate(2008, 12, 10));
-    QCOMPARE(marked.transactions.last().amount, -33500);
+    void textComesOutRight()
+    {
+        // ISO-8859-1 in the file.
+        QStringList categories;
+        for (const QifTransaction &t : parseFile(QStringLiteral("gnucash-Money95bank_fr.qif")).transactions)
+            categories << t.category;
+        for (const char *name :
+             {"Loisirs:Canal Plus-Câble", "Maison:Electricité", "Impôts:Impôts sur le revenu"})
+            QVERIFY2(categories.contains(QString::fromUtf8(name)), name);
+        QCOMPARE(parseFile(QStringLiteral("quiffen-test_FMQifTest2023-10-18.qif")).transactions.first().payee,
+                 QStringLiteral("Eröffnungssaldo"));
 
-    const QifParseResult dmy = parseFile(QStringLiteral("oca-test_qif_dmy.qif"));
-    QList<QDate> dates;
-    for (const QifTransaction &t : dmy.transactions)
-        dates << t.date;
-    QCOMPARE(dates, (QList<QDate>{QDate(2013, 8, 12), QDate(2013, 8, 15), QDate(2013, 3, 3),
-                                  QDate(2013, 3, 4), QDate(2013, 3, 3)}));
+        // A byte order mark does not spoil the first header, which here is metadata.
+        const QifParseResult marked = parseFile(QStringLiteral("nerdbank-sample.qif"));
+        QCOMPARE(marked.metadataRecords, 4);
+        QCOMPARE(marked.transactions.first().date, QDate(2008, 1, 1));
+        QCOMPARE(marked.transactions.first().amount, 150000);
+        QCOMPARE(marked.transactions.last().date, QDate(2008, 12, 10));
+        QCOMPARE(marked.transactions.last().amount, -33500);
 
-    // A malformed split amount loses that split's amount only.
-    const QifTransaction linda =
-        parseFile(QStringLiteral("jemmyw-quicken_non_investement_account.qif")).transactions.first();
-    QCOMPARE(linda.amount, -100000);
-    QCOMPARE(linda.transferAccount, QStringLiteral("linda"));
-    QCOMPARE(linda.splits.size(), 2);
-    QCOMPARE(linda.splits.at(1).amount, 0);
-}
+        QStringList dates;
+        for (const QifTransaction &t : parseFile(QStringLiteral("oca-test_qif_dmy.qif")).transactions)
+            dates << t.date.toString(Qt::ISODate);
+        QCOMPARE(dates.join(' '), QStringLiteral("2013-08-12 2013-08-15 2013-03-03 2013-03-04 2013-03-03"));
 
-void TstImportTestData::everyQifFileImportsCleanly()
-{
-    const QStringList files = kQif.entryList({QStringLiteral("*.qif")}, QDir::Files, QDir::Name);
-    QVERIFY(files.size() >= 20);
-    for (const QString &name : files) {
-        cleanup();
-        init();
-        const QString path = kQif.filePath(name);
+        // A malformed split amount loses that split's amount only.
+        const QifTransaction linda =
+            parseFile(QStringLiteral("jemmyw-quicken_non_investement_account.qif")).transactions.first();
+        QCOMPARE(linda.amount, -100000);
+        QCOMPARE(linda.transferAccount, QStringLiteral("linda"));
+        QCOMPARE(linda.splits.size(), 2);
+        QCOMPARE(linda.splits.at(1).amount, 0);
+    }
+
+    void everyQifFileImportsCleanly()
+    {
+        const QStringList files = kQif.entryList({QStringLiteral("*.qif")}, QDir::Files, QDir::Name);
+        QVERIFY(files.size() >= 20);
+        for (const QString &name : files) {
+            init();
+            const QString path = kQif.filePath(name);
+            const QHash<QString, QString> map = createAccountsFor({path});
+            const QifParseResult parsed = parseFile(name);
+            const ImportResult first = m_s->service.importQifFiles({path}, map);
+            QVERIFY2(!first.aborted, qPrintable(name));
+            QCOMPARE(first.insertFailures, 0);
+            QCOMPARE(first.unmappedRecords, 0);
+            QCOMPARE(first.skippedRecords, parsed.skippedRecords);
+            QCOMPARE(first.metadataRecords, parsed.metadataRecords);
+            QCOMPARE(first.imported + first.duplicates, int(parsed.transactions.size()));
+            QCOMPARE(count(QStringLiteral("SELECT COUNT(*) FROM transactions")), first.imported);
+            const ImportResult again = m_s->service.importQifFiles({path}, map);
+            QVERIFY2(!again.aborted, qPrintable(name));
+            QCOMPARE(again.imported, 0);
+            QCOMPARE(again.duplicates, int(parsed.transactions.size()));
+        }
+    }
+
+    void transferFilesLink()
+    {
+        // Both sides in one file, each under its own account header.
+        const QString path = kQif.filePath(QStringLiteral("moneyguru-transfer.qif"));
         const QHash<QString, QString> map = createAccountsFor({path});
-        const QifParseResult parsed = parseFile(name);
-        const ImportResult first = m_service->importQifFiles({path}, map);
-        QVERIFY2(!first.aborted, qPrintable(name));
-        QCOMPARE(first.insertFailures, 0);
-        QCOMPARE(first.unmappedRecords, 0);
-        QCOMPARE(first.skippedRecords, parsed.skippedRecords);
-        QCOMPARE(first.metadataRecords, parsed.metadataRecords);
-        QCOMPARE(first.imported + first.duplicates, int(parsed.transactions.size()));
-        QCOMPARE(m_db->scalar(QStringLiteral("SELECT COUNT(*) FROM transactions")).toInt(), first.imported);
+        QCOMPARE(map.size(), 2);
+        const ImportResult r = m_s->service.importQifFiles({path}, map);
+        QCOMPARE(r.imported, 2);
+        QCOMPARE(r.transfersLinked, 1);
+        const Transaction checking = m_s->rows(map.value(QStringLiteral("Checking"))).first();
+        QCOMPARE(checking.transferDestAccountId, map.value(QStringLiteral("Savings")));
+        QCOMPARE(m_s->transactions.getById(checking.transferLinkId)->transferLinkId, checking.id);
 
-        const ImportResult again = m_service->importQifFiles({path}, map);
-        QVERIFY2(!again.aborted, qPrintable(name));
-        QCOMPARE(again.imported, 0);
-        QCOMPARE(again.duplicates, int(parsed.transactions.size()));
+        // The same file with the savings side left out first, then whole: the two sides pair within the
+        // import before the checking side turns out a duplicate, so the new savings row names a row that
+        // never came, and the old one keeps its hint.
+        init();
+        QHash<QString, QString> partial = createAccountsFor({path});
+        const QString savings = partial.value(QStringLiteral("Savings"));
+        partial.insert(QStringLiteral("Savings"), QString());
+        const ImportResult first = m_s->service.importQifFiles({path}, partial);
+        QCOMPARE(first.imported, 1);
+        QCOMPARE(first.unmappedRecords, 1);
+        partial.insert(QStringLiteral("Savings"), savings);
+        const ImportResult second = m_s->service.importQifFiles({path}, partial);
+        QCOMPARE(second.imported, 1);
+        QCOMPARE(second.duplicates, 1);
+        QCOMPARE(second.transfersLinked, 1);
+        QCOMPARE(second.retroactiveLinks, 0);
+        QVERIFY(!m_s->transactions.getById(m_s->rows(savings).first().transferLinkId));
+        QVERIFY(m_s->rows(partial.value(QStringLiteral("Checking"))).first().memo.startsWith("[→ Savings]"));
     }
-}
 
-void TstImportTestData::transferFilesLink()
-{
-    // Both sides in one file, each under its own account header.
-    const QString path = kQif.filePath(QStringLiteral("moneyguru-transfer.qif"));
-    const QHash<QString, QString> map = createAccountsFor({path});
-    QCOMPARE(map.size(), 2);
-    const ImportResult r = m_service->importQifFiles({path}, map);
-    QCOMPARE(r.imported, 2);
-    QCOMPARE(r.transfersLinked, 1);
-    const Transaction checking = m_transactions->getByAccount(map.value(QStringLiteral("Checking"))).first();
-    QCOMPARE(checking.transferDestAccountId, map.value(QStringLiteral("Savings")));
-    QCOMPARE(m_transactions->getById(checking.transferLinkId)->transferLinkId, checking.id);
-
-    // The same file with the savings side left out first, then whole: the two sides pair within the
-    // import before the checking side turns out a duplicate, so the new savings row names a row that
-    // never came, and the old one keeps its hint.
-    cleanup();
-    init();
-    QHash<QString, QString> partial = createAccountsFor({path});
-    const QString savings = partial.value(QStringLiteral("Savings"));
-    partial.insert(QStringLiteral("Savings"), QString());
-    const ImportResult first = m_service->importQifFiles({path}, partial);
-    QCOMPARE(first.imported, 1);
-    QCOMPARE(first.unmappedRecords, 1);
-    partial.insert(QStringLiteral("Savings"), savings);
-    const ImportResult second = m_service->importQifFiles({path}, partial);
-    QCOMPARE(second.imported, 1);
-    QCOMPARE(second.duplicates, 1);
-    QCOMPARE(second.transfersLinked, 1);
-    QCOMPARE(second.retroactiveLinks, 0);
-    const Transaction fresh = m_transactions->getByAccount(savings).first();
-    QVERIFY(!m_transactions->getById(fresh.transferLinkId));
-    const Transaction old = m_transactions->getByAccount(partial.value(QStringLiteral("Checking"))).first();
-    QVERIFY(old.memo.startsWith(QStringLiteral("[\u2192 Savings]")));
-}
-
-void TstImportTestData::headerlessPairsLeaveHints()
-{
     // In each pair a file names no account of its own, so the two sides of a transfer cannot find each
     // other; every transfer keeps its partner's name as a hint instead.
-    for (const auto &[bankName, otherName, hints] : {
-             std::tuple{"gnucash-abc-all.qif",        "gnucash-swipe.qif",           10},
-             {"gnucash-Money95bank_fr.qif", "gnucash-Money95invst_fr.qif", 20}
-    }) {
-        cleanup();
-        init();
-        const QStringList paths{kQif.filePath(QString::fromLatin1(bankName)),
-                                kQif.filePath(QString::fromLatin1(otherName))};
-        const QHash<QString, QString> map = createAccountsFor(paths);
-        const ImportResult r = m_service->importQifFiles(paths, map);
+    void headerlessPairsLeaveHints_data()
+    {
+        QTest::addColumn<QStringList>("files");
+        QTest::addColumn<int>("hints");
+        QTest::newRow("abc") << QStringList{"gnucash-abc-all.qif", "gnucash-swipe.qif"} << 10;
+        QTest::newRow("fr") << QStringList{"gnucash-Money95bank_fr.qif", "gnucash-Money95invst_fr.qif"} << 20;
+    }
+
+    void headerlessPairsLeaveHints()
+    {
+        QFETCH(QStringList, files);
+        QFETCH(int, hints);
+        const QStringList paths{kQif.filePath(files.at(0)), kQif.filePath(files.at(1))};
+        const ImportResult r = m_s->service.importQifFiles(paths, createAccountsFor(paths));
         QVERIFY(!r.aborted);
         QCOMPARE(r.transfersLinked, 0);
-        const int found =
-            m_db->scalar(QStringLiteral("SELECT COUNT(*) FROM transactions WHERE memo LIKE '[%1 %'")
-                             .arg(QChar(0x2192)))
-                .toInt();
-        QCOMPARE(found, hints);
+        QCOMPARE(count(QStringLiteral("SELECT COUNT(*) FROM transactions WHERE memo LIKE '[→ %'")), hints);
     }
-}
 
-void TstImportTestData::csvFiles_data()
-{
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<CsvImportOptions>("options");
-    QTest::addColumn<int>("imported");
-    QTest::addColumn<int>("skipped");
-    QTest::addColumn<qint64>("cents");
-    const auto row = [](const char *file, int date, int payee, int amount, bool header, int imported,
-                        int skipped, qint64 cents) {
-        CsvImportOptions options;
-        options.dateColumn = date;
-        options.payeeColumn = payee;
-        options.amountColumn = amount;
-        options.hasHeader = header;
-        QTest::newRow(file) << QString::fromLatin1(file) << options << imported << skipped << cents;
-    };
-    // clang-format off
+    void csvFiles_data()
+    {
+        QTest::addColumn<QString>("file");
+        QTest::addColumn<CsvImportOptions>("options");
+        QTest::addColumn<int>("imported");
+        QTest::addColumn<int>("skipped");
+        QTest::addColumn<qint64>("cents");
+        const auto row = [](const char *file, int date, int payee, int amount, bool header, int imported,
+                            int skipped, qint64 cents) {
+            CsvImportOptions options;
+            options.dateColumn = date;
+            options.payeeColumn = payee;
+            options.amountColumn = amount;
+            options.hasHeader = header;
+            QTest::newRow(file) << QString::fromLatin1(file) << options << imported << skipped << cents;
+        };
+        // clang-format off
     row("hledger-monefy.csv",                       0,  2,  3, true,  8, 0,  589280);
     row("hledger-paypal-custom.csv",                0,  3,  9, true,  7, 0,     941);
     // "2012/3/22" fits none of the date forms.
@@ -337,46 +276,46 @@ void TstImportTestData::csvFiles_data()
     row("reckon-some_other.csv",                    1,  2,  3, false, 9, 0,  718375);
     // Statement lines around the rows fail their dates; decimal commas read as group marks.
     row("oca-meta_data_separated_credit_debit.csv", 0,  2,  3, true,  4, 5, -2306800);
-    // clang-format on
-}
-
-void TstImportTestData::csvFiles()
-{
-    QFETCH(QString, file);
-    QFETCH(CsvImportOptions, options);
-    QFETCH(int, imported);
-    QFETCH(int, skipped);
-    QFETCH(qint64, cents);
-    QVERIFY(m_accounts->insert(Fixtures::account(QStringLiteral("a"), QStringLiteral("A"))));
-    const ImportResult r = m_service->importCsvFile(kCsv.filePath(file), QStringLiteral("a"), options);
-    QCOMPARE(r.imported, imported);
-    QCOMPARE(r.skippedRecords, skipped);
-    QCOMPARE(r.duplicates, 0);
-    QCOMPARE(sum(QStringLiteral("a")), cents);
-}
-
-void TstImportTestData::everyCsvFileImportsCleanly()
-{
-    const QStringList files = kCsv.entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
-    QVERIFY(files.size() >= 10);
-    QVERIFY(m_accounts->insert(Fixtures::account(QStringLiteral("a"), QStringLiteral("A"))));
-    for (const QString &name : files) {
-        const QList<QStringList> rows = ImportService::parseCsv(readText(kCsv.filePath(name)));
-        QVERIFY2(!rows.isEmpty(), qPrintable(name));
-        // A mark must not become part of the first header.
-        QVERIFY2(!rows.first().first().startsWith(QChar(0xFEFF)), qPrintable(name));
-        const ImportResult r = m_service->importCsvFile(kCsv.filePath(name), QStringLiteral("a"), {});
-        QCOMPARE(r.imported + r.duplicates + r.skippedRecords, int(rows.size()) - 1);
+        // clang-format on
     }
-    const QList<QStringList> french =
-        ImportService::parseCsv(readText(kCsv.filePath(QStringLiteral("hledger-sample.fr.cp1252.csv"))));
-    QCOMPARE(french.at(1).at(1), QStringLiteral("DÉPÔT"));
-    QCOMPARE(french.at(3).at(1), QStringLiteral("CAFÉ — €20 REÇU"));
-    QCOMPARE(ImportService::parseCsv(readText(kCsv.filePath(QStringLiteral("reckon-bom_utf8_file.csv"))))
-                 .at(1)
-                 .at(3),
-             QStringLiteral("Humble Bundle, Inc."));
-}
+
+    void csvFiles()
+    {
+        QFETCH(QString, file);
+        QFETCH(CsvImportOptions, options);
+        QFETCH(int, imported);
+        QFETCH(int, skipped);
+        QFETCH(qint64, cents);
+        const ImportResult r =
+            m_s->service.importCsvFile(kCsv.filePath(file), QStringLiteral("chk"), options);
+        QCOMPARE(r.imported, imported);
+        QCOMPARE(r.skippedRecords, skipped);
+        QCOMPARE(r.duplicates, 0);
+        QCOMPARE(
+            m_s->db.scalar(QStringLiteral("SELECT IFNULL(SUM(amount), 0) FROM transactions")).toLongLong(),
+            cents);
+    }
+
+    void everyCsvFileImportsCleanly()
+    {
+        const QStringList files = kCsv.entryList({QStringLiteral("*.csv")}, QDir::Files, QDir::Name);
+        QVERIFY(files.size() >= 10);
+        for (const QString &name : files) {
+            const QList<QStringList> rows = ImportService::parseCsv(readText(kCsv.filePath(name)));
+            QVERIFY2(!rows.isEmpty(), qPrintable(name));
+            // A mark must not become part of the first header.
+            QVERIFY2(!rows.first().first().startsWith(QChar(0xFEFF)), qPrintable(name));
+            const ImportResult r = m_s->service.importCsvFile(kCsv.filePath(name), QStringLiteral("chk"), {});
+            QCOMPARE(r.imported + r.duplicates + r.skippedRecords, int(rows.size()) - 1);
+        }
+        const auto cell = [](const char *file, int row, int column) {
+            return ImportService::parseCsv(readText(kCsv.filePath(QLatin1String(file)))).at(row).at(column);
+        };
+        QCOMPARE(cell("hledger-sample.fr.cp1252.csv", 1, 1), QStringLiteral("DÉPÔT"));
+        QCOMPARE(cell("hledger-sample.fr.cp1252.csv", 3, 1), QStringLiteral("CAFÉ — €20 REÇU"));
+        QCOMPARE(cell("reckon-bom_utf8_file.csv", 1, 3), QStringLiteral("Humble Bundle, Inc."));
+    }
+};
 
 QTEST_GUILESS_MAIN(TstImportTestData)
 #include "tst_importtestdata.moc"

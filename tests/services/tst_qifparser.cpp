@@ -2,401 +2,349 @@
 
 #include <QTest>
 
-class TstQifParser : public QObject {
-    Q_OBJECT
-private slots:
-    void parseDate_data();
-    void parseDate();
-    void parseAmount_data();
-    void parseAmount();
-    void headers_data();
-    void headers();
-    void metadataSections_data();
-    void metadataSections();
-    void dateOrderComesFromAnyLine();
-    void dateOrderIgnoresYearFirstAndTheSecondNumber();
-    void recordsNeedDateAndAmount();
-    void splits();
-    void categoryField_data();
-    void categoryField();
-    void clearedMarks_data();
-    void clearedMarks();
-    void accountBlocks();
-    void categories();
-    void lineEndsMarksAndBlankLines();
-};
-
 Q_DECLARE_METATYPE(QifDateOrder)
 Q_DECLARE_METATYPE(QifSection)
 Q_DECLARE_METATYPE(QifAccountType)
 
-void TstQifParser::parseDate_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<QifDateOrder>("order");
-    QTest::addColumn<QDate>("expected");
-    const auto month = QifDateOrder::MonthFirst;
-    const auto day = QifDateOrder::DayFirst;
-    const auto autoOrder = QifDateOrder::Auto;
-    QTest::newRow("padded") << "8/ 1/97" << month << QDate(1997, 8, 1);
-    QTest::newRow("99 is 1999") << "12/25/99" << month << QDate(1999, 12, 25);
-    QTest::newRow("45 is 2045") << "12/25/45" << month << QDate(2045, 12, 25);
-    QTest::newRow("31 is 2031") << "12/25/31" << month << QDate(2031, 12, 25);
-    QTest::newRow("69 is 2069") << "1/2/69" << month << QDate(2069, 1, 2);
-    QTest::newRow("70 is 1970") << "1/2/70" << month << QDate(1970, 1, 2);
-    QTest::newRow("apostrophe") << "12/25'05" << month << QDate(2005, 12, 25);
-    QTest::newRow("apostrophe, long year") << "2/10'2020" << month << QDate(2020, 2, 10);
-    QTest::newRow("blanks everywhere") << " 3/ 5' 4" << month << QDate(2004, 3, 5);
-    QTest::newRow("dots") << "10.18.23" << month << QDate(2023, 10, 18);
-    QTest::newRow("dashes") << "10-18-2023" << month << QDate(2023, 10, 18);
-    QTest::newRow("day first") << "15/8/13" << day << QDate(2013, 8, 15);
-    QTest::newRow("day first, small") << "3/4/2024" << day << QDate(2024, 4, 3);
-    QTest::newRow("auto, 13 reads day first") << "13/1/2024" << autoOrder << QDate(2024, 1, 13);
-    QTest::newRow("auto, 12 reads month first") << "12/1/2024" << autoOrder << QDate(2024, 12, 1);
-    QTest::newRow("iso") << "2024-03-15" << day << QDate(2024, 3, 15);
-    QTest::newRow("year first, slashes") << "2024/3/15" << month << QDate(2024, 3, 15);
-    QTest::newRow("padded four-digit year") << "1/2/0070" << month << QDate(1970, 1, 2);
-    QTest::newRow("fourth piece ignored") << "1/2/2024/7" << month << QDate(2024, 1, 2);
-    QTest::newRow("no such day") << "2/30/2024" << month << QDate();
-    QTest::newRow("month 13 read month first") << "13/1/2024" << month << QDate();
-    QTest::newRow("month 13 read day first") << "1/13/2024" << day << QDate();
-    QTest::newRow("two pieces") << "1/2" << month << QDate();
-    QTest::newRow("letters") << "Jan/2/2024" << month << QDate();
-    QTest::newRow("sign") << "+1/2/2024" << month << QDate();
-    QTest::newRow("empty") << "" << month << QDate();
-    QTest::newRow("blank") << "   " << month << QDate();
-    QTest::newRow("beyond an int") << "1/2/99999999999" << month << QDate();
-    QTest::newRow("beyond four digits") << "1/2/10000" << month << QDate();
-    QTest::newRow("year zero takes a century") << "0000/1/2" << month << QDate(2000, 1, 2);
-}
+class TstQifParser : public QObject {
+    Q_OBJECT
+private slots:
 
-void TstQifParser::parseDate()
-{
-    QFETCH(QString, value);
-    QFETCH(QifDateOrder, order);
-    QFETCH(QDate, expected);
-    QCOMPARE(QifParser::parseDate(value, order), expected);
-}
-
-void TstQifParser::parseAmount_data()
-{
-    QTest::addColumn<QString>("value");
-    QTest::addColumn<bool>("ok");
-    QTest::addColumn<qint64>("cents");
-    const auto row = [](const char *name, const char *value, qint64 cents) {
-        QTest::newRow(name) << QString::fromUtf8(value) << true << cents;
-    };
-    const auto fails = [](const char *name, const char *value) {
-        QTest::newRow(name) << QString::fromUtf8(value) << false << qint64(0);
-    };
-    row("decimal point", "12.34", 1234);
-    row("whole", "1500", 150000);
-    row("thousands comma", "1,234", 123400);
-    row("thousands dot", "1.234", 123400);
-    row("three decimals read as a group", "1.005", 100500);
-    row("leading mark is decimal", ".123", 12);
-    row("leading comma is decimal", ",5", 50);
-    row("millions", "1,234,567", 123456700);
-    row("both marks", "2,345.00", 234500);
-    row("both marks, comma decimal", "1.234,56", 123456);
-    row("group marks unchecked with both", "1,2,3.50", 12350);
-    row("decimal comma", "12,50", 1250);
-    row("four behind is decimal", "1,2345", 123);
-    row("negative", "-30,020.00", -3002000);
-    row("parentheses", "(12.00)", -1200);
-    row("minus inside parentheses", "(-5.00)", 500);
-    row("sign after symbol", "$-5", -500);
-    row("sign before symbol", "-$5", -500);
-    row("plus", "+5", 500);
-    row("euro and blank group",
-        "\xE2\x82\xAC"
-        "1 234,56",
-        123456);
-    row("no-break space",
-        "1\xC2\xA0"
-        "234.50",
-        123450);
-    row("pound",
-        "\xC2\xA3"
-        "7",
-        700);
-    row("half away from zero", "1,000.125", 100013);
-    row("negative half away from zero", "-1,000.125", -100013);
-    row("trailing point", "5.", 500);
-    row("zero", "0.00", 0);
-    fails("empty", "");
-    fails("symbol only", "$");
-    fails("sign only", "-");
-    fails("point only", ".");
-    fails("empty parentheses", "()");
-    fails("two signs", "+-5");
-    fails("trailing minus", "5-");
-    fails("equals sign", "=746.36");
-    fails("exponent", "1e5");
-    fails("bad group", "1234.567");
-    fails("bad group, comma", "1234,567");
-    fails("two points", "1.2.3");
-    fails("two decimals with both marks", "1,234.5.6");
-    fails("beyond 64 bits", "99999999999999999999");
-    fails("text", "abc");
-}
-
-void TstQifParser::parseAmount()
-{
-    QFETCH(QString, value);
-    QFETCH(bool, ok);
-    QFETCH(qint64, cents);
-    const std::optional<qint64> amount = QifParser::parseAmount(value);
-    QCOMPARE(amount.has_value(), ok);
-    if (ok)
-        QCOMPARE(*amount, cents);
-}
-
-void TstQifParser::headers_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QifSection>("section");
-    QTest::addColumn<QifAccountType>("type");
-    QTest::newRow("bank") << "!Type:Bank" << QifSection::Transactions << QifAccountType::Bank;
-    QTest::newRow("upper case") << "!TYPE:BANK" << QifSection::Transactions << QifAccountType::Bank;
-    QTest::newRow("lower case") << "!type:bank" << QifSection::Transactions << QifAccountType::Bank;
-    QTest::newRow("blanks") << "!Type: CCard " << QifSection::Transactions << QifAccountType::CreditCard;
-    QTest::newRow("investment") << "!Type:Invst" << QifSection::Transactions << QifAccountType::Investment;
-    QTest::newRow("cash") << "!Type:Cash" << QifSection::Transactions << QifAccountType::Cash;
-    QTest::newRow("asset") << "!Type:Oth A" << QifSection::Transactions << QifAccountType::OtherAsset;
-    QTest::newRow("liability") << "!Type:Oth L" << QifSection::Transactions << QifAccountType::OtherLiability;
-    QTest::newRow("unheard of") << "!Type:Foo" << QifSection::Transactions << QifAccountType::Bank;
-    QTest::newRow("categories") << "!Type:Cat" << QifSection::Categories << QifAccountType::Bank;
-    QTest::newRow("memorized") << "!Type:Memorized" << QifSection::Metadata << QifAccountType::Bank;
-    QTest::newRow("option") << "!Option:AutoSwitch" << QifSection::Metadata << QifAccountType::Bank;
-    QTest::newRow("clear") << "!Clear:AutoSwitch" << QifSection::Metadata << QifAccountType::Bank;
-    QTest::newRow("account") << "!Account" << QifSection::AccountBlock << QifAccountType::Bank;
-    QTest::newRow("other") << "!Something" << QifSection::Unknown << QifAccountType::Bank;
-}
-
-void TstQifParser::headers()
-{
-    QFETCH(QString, line);
-    QFETCH(QifSection, section);
-    QFETCH(QifAccountType, type);
-    QCOMPARE(QifParser::sectionOf(line), section);
-    if (section == QifSection::Transactions)
-        QCOMPARE(QifParser::accountTypeOf(line), type);
-
-    // The type reaches the account of the records behind the header.
-    const QifParseResult r =
-        QifParser::parse(QStringLiteral("!Account\nNMine\n^\n%1\nD1/2/2024\nT5\n^\n").arg(line));
-    if (section == QifSection::Transactions) {
-        QCOMPARE(r.transactions.size(), 1);
-        QCOMPARE(r.accounts.size(), 1);
-        QCOMPARE(r.accounts.first().type, type);
+    void parseDate_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<QifDateOrder>("order");
+        QTest::addColumn<QDate>("expected");
+        const auto month = QifDateOrder::MonthFirst;
+        const auto day = QifDateOrder::DayFirst;
+        const auto autoOrder = QifDateOrder::Auto;
+        QTest::newRow("padded") << "8/ 1/97" << month << QDate(1997, 8, 1);
+        QTest::newRow("69 is 2069") << "1/2/69" << month << QDate(2069, 1, 2);
+        QTest::newRow("70 is 1970") << "1/2/70" << month << QDate(1970, 1, 2);
+        QTest::newRow("apostrophe") << "12/25'05" << month << QDate(2005, 12, 25);
+        QTest::newRow("apostrophe, long year") << "2/10'2020" << month << QDate(2020, 2, 10);
+        QTest::newRow("blanks everywhere") << " 3/ 5' 4" << month << QDate(2004, 3, 5);
+        QTest::newRow("dots") << "10.18.23" << month << QDate(2023, 10, 18);
+        QTest::newRow("dashes") << "10-18-2023" << month << QDate(2023, 10, 18);
+        QTest::newRow("day first") << "15/8/13" << day << QDate(2013, 8, 15);
+        QTest::newRow("auto, 13 reads day first") << "13/1/2024" << autoOrder << QDate(2024, 1, 13);
+        QTest::newRow("auto, 12 reads month first") << "12/1/2024" << autoOrder << QDate(2024, 12, 1);
+        QTest::newRow("iso") << "2024-03-15" << day << QDate(2024, 3, 15);
+        QTest::newRow("year first, slashes") << "2024/3/15" << month << QDate(2024, 3, 15);
+        QTest::newRow("padded four-digit year") << "1/2/0070" << month << QDate(1970, 1, 2);
+        QTest::newRow("fourth piece ignored") << "1/2/2024/7" << month << QDate(2024, 1, 2);
+        QTest::newRow("no such day") << "2/30/2024" << month << QDate();
+        QTest::newRow("month 13 read month first") << "13/1/2024" << month << QDate();
+        QTest::newRow("month 13 read day first") << "1/13/2024" << day << QDate();
+        QTest::newRow("two pieces") << "1/2" << month << QDate();
+        QTest::newRow("letters") << "Jan/2/2024" << month << QDate();
+        QTest::newRow("sign") << "+1/2/2024" << month << QDate();
+        QTest::newRow("empty") << "" << month << QDate();
+        QTest::newRow("beyond an int") << "1/2/99999999999" << month << QDate();
+        QTest::newRow("beyond four digits") << "1/2/10000" << month << QDate();
+        QTest::newRow("year zero takes a century") << "0000/1/2" << month << QDate(2000, 1, 2);
     }
-}
 
-void TstQifParser::metadataSections_data()
-{
-    QTest::addColumn<QString>("header");
-    for (const char *header : {"!Type:Memorized", "!Type:Tag", "!Type:Security", "!Type:Prices",
-                               "!Type:Class", "!Option:AutoSwitch"})
-        QTest::newRow(header) << QString::fromLatin1(header);
-}
+    void parseDate()
+    {
+        QFETCH(QString, value);
+        QFETCH(QifDateOrder, order);
+        QFETCH(QDate, expected);
+        QCOMPARE(QifParser::parseDate(value, order), expected);
+    }
 
-void TstQifParser::metadataSections()
-{
-    QFETCH(QString, header);
-    const QifParseResult r = QifParser::parse(
-        header +
-        QStringLiteral("\nNOne\nD1/2/2024\nT5\n^\nNTwo\n^\n^\nNThree\nT-1\n^\n!Type:Bank\nD1/3/2024\nT7\n^"));
-    QCOMPARE(r.metadataRecords, 3);
-    QCOMPARE(r.transactions.size(), 1);
-    QCOMPARE(r.transactions.first().amount, 700);
-    QCOMPARE(r.skippedRecords, 0);
-}
+    void parseAmount_data()
+    {
+        QTest::addColumn<QString>("value");
+        QTest::addColumn<bool>("ok");
+        QTest::addColumn<qint64>("cents");
+        const auto row = [](const char *name, const char *value, qint64 cents) {
+            QTest::newRow(name) << QString::fromUtf8(value) << true << cents;
+        };
+        const auto fails = [](const char *name, const char *value) {
+            QTest::newRow(name) << QString::fromUtf8(value) << false << qint64(0);
+        };
+        row("decimal point", "12.34", 1234);
+        row("whole", "1500", 150000);
+        row("thousands comma", "1,234", 123400);
+        row("thousands dot", "1.234", 123400);
+        row("three decimals read as a group", "1.005", 100500);
+        row("leading mark is decimal", ".123", 12);
+        row("leading comma is decimal", ",5", 50);
+        row("millions", "1,234,567", 123456700);
+        row("both marks", "2,345.00", 234500);
+        row("both marks, comma decimal", "1.234,56", 123456);
+        row("group marks unchecked with both", "1,2,3.50", 12350);
+        row("decimal comma", "12,50", 1250);
+        row("four behind is decimal", "1,2345", 123);
+        row("negative", "-30,020.00", -3002000);
+        row("parentheses", "(12.00)", -1200);
+        row("minus inside parentheses", "(-5.00)", 500);
+        row("sign after symbol", "$-5", -500);
+        row("sign before symbol", "-$5", -500);
+        row("plus", "+5", 500);
+        row("euro and blank group",
+            "\xE2\x82\xAC"
+            "1 234,56",
+            123456);
+        row("no-break space",
+            "1\xC2\xA0"
+            "234.50",
+            123450);
+        row("pound",
+            "\xC2\xA3"
+            "7",
+            700);
+        row("half away from zero", "1,000.125", 100013);
+        row("negative half away from zero", "-1,000.125", -100013);
+        row("trailing point", "5.", 500);
+        for (const char *value : {"", "$", "-", ".", "()", "+-5", "5-", "=746.36", "1e5", "1234.567",
+                                  "1234,567", "1.2.3", "1,234.5.6", "99999999999999999999", "abc"})
+            fails(qPrintable(QStringLiteral("not \"%1\"").arg(value)), value);
+    }
 
-void TstQifParser::dateOrderComesFromAnyLine()
-{
-    // The deciding line stands below the first record and in a category record.
-    const QifParseResult r =
-        QifParser::parse(QStringLiteral("!Type:Bank\nD1/2/2024\nT1\n^\n!Type:Cat\nNFood\nD13/1/2024\n^\n"));
-    QCOMPARE(r.dateOrder, QifDateOrder::DayFirst);
-    QCOMPARE(r.transactions.first().date, QDate(2024, 2, 1));
+    void parseAmount()
+    {
+        QFETCH(QString, value);
+        QFETCH(bool, ok);
+        QFETCH(qint64, cents);
+        const std::optional<qint64> amount = QifParser::parseAmount(value);
+        QCOMPARE(amount.has_value(), ok);
+        if (ok)
+            QCOMPARE(*amount, cents);
+    }
 
-    const QifParseResult month = QifParser::parse(QStringLiteral("D1/13/2024\nT1\n^\nD2/1/2024\nT1\n^"));
-    QCOMPARE(month.dateOrder, QifDateOrder::MonthFirst);
-    QCOMPARE(month.transactions.at(1).date, QDate(2024, 2, 1));
+    void headers_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QifSection>("section");
+        QTest::addColumn<QifAccountType>("type");
+        QTest::newRow("bank") << "!Type:Bank" << QifSection::Transactions << QifAccountType::Bank;
+        QTest::newRow("upper case") << "!TYPE:BANK" << QifSection::Transactions << QifAccountType::Bank;
+        QTest::newRow("blanks") << "!Type: CCard " << QifSection::Transactions << QifAccountType::CreditCard;
+        QTest::newRow("investment") << "!Type:Invst" << QifSection::Transactions
+                                    << QifAccountType::Investment;
+        QTest::newRow("cash") << "!Type:Cash" << QifSection::Transactions << QifAccountType::Cash;
+        QTest::newRow("asset") << "!Type:Oth A" << QifSection::Transactions << QifAccountType::OtherAsset;
+        QTest::newRow("liability") << "!Type:Oth L" << QifSection::Transactions
+                                   << QifAccountType::OtherLiability;
+        QTest::newRow("unheard of") << "!Type:Foo" << QifSection::Transactions << QifAccountType::Bank;
+        QTest::newRow("categories") << "!Type:Cat" << QifSection::Categories << QifAccountType::Bank;
+        QTest::newRow("memorized") << "!Type:Memorized" << QifSection::Metadata << QifAccountType::Bank;
+        QTest::newRow("option") << "!Option:AutoSwitch" << QifSection::Metadata << QifAccountType::Bank;
+        QTest::newRow("clear") << "!Clear:AutoSwitch" << QifSection::Metadata << QifAccountType::Bank;
+        QTest::newRow("account") << "!Account" << QifSection::AccountBlock << QifAccountType::Bank;
+        QTest::newRow("other") << "!Something" << QifSection::Unknown << QifAccountType::Bank;
+    }
 
-    // An order given by the caller stands.
-    QCOMPARE(QifParser::parse(QStringLiteral("D13/1/2024\nT1\n^"), QifDateOrder::MonthFirst).dateOrder,
-             QifDateOrder::MonthFirst);
-    QCOMPARE(QifParser::parse(QString()).dateOrder, QifDateOrder::MonthFirst);
-}
+    void headers()
+    {
+        QFETCH(QString, line);
+        QFETCH(QifSection, section);
+        QFETCH(QifAccountType, type);
+        QCOMPARE(QifParser::sectionOf(line), section);
+        if (section == QifSection::Transactions)
+            QCOMPARE(QifParser::accountTypeOf(line), type);
 
-void TstQifParser::dateOrderIgnoresYearFirstAndTheSecondNumber()
-{
-    const QifParseResult r = QifParser::parse(
-        QStringLiteral("D2024-03-15\nT1\n^\nD2024/3/25\nT1\n^\nD1/31/2024\nT1\n^\nd13/1/2024\n"));
-    QCOMPARE(r.dateOrder, QifDateOrder::MonthFirst);
-    QCOMPARE(r.transactions.size(), 3);
-    QCOMPARE(r.transactions.at(2).date, QDate(2024, 1, 31));
-}
+        // The type reaches the account of the records behind the header.
+        const QifParseResult r =
+            QifParser::parse(QStringLiteral("!Account\nNMine\n^\n%1\nD1/2/2024\nT5\n^\n").arg(line));
+        if (section == QifSection::Transactions) {
+            QCOMPARE(r.transactions.size(), 1);
+            QCOMPARE(r.accounts.size(), 1);
+            QCOMPARE(r.accounts.first().type, type);
+        }
+    }
 
-void TstQifParser::recordsNeedDateAndAmount()
-{
-    const QifParseResult r = QifParser::parse(QStringLiteral(
-        "PBefore any header\nD1/5/2024\nT-5.00\n^\n"
-        "!Type:Bank\nPNo amount\nD1/5/2024\n^\nPNo date\nT1\n^\nPBad date\nD2/30/2024\nT1\n^\n"
-        "PBad amount\nD1/5/2024\nTabc\n^\n^\n^\nXunknown letters only\n^\nPLast\nD1/6/2024\nT2"));
-    QCOMPARE(r.skippedRecords, 4);
-    QCOMPARE(r.transactions.size(), 2);
-    QCOMPARE(r.transactions.first().payee, QStringLiteral("Before any header"));
-    QCOMPARE(r.transactions.first().amount, -500);
-    QVERIFY(r.transactions.first().sourceAccount.isEmpty());
-    QCOMPARE(r.transactions.last().payee, QStringLiteral("Last"));
-    QVERIFY(r.accounts.isEmpty());
-}
+    void metadataSections_data()
+    {
+        QTest::addColumn<QString>("header");
+        for (const char *header : {"!Type:Memorized", "!Type:Tag", "!Type:Security", "!Type:Prices",
+                                   "!Type:Class", "!Option:AutoSwitch"})
+            QTest::newRow(header) << QString::fromLatin1(header);
+    }
 
-void TstQifParser::splits()
-{
-    const QifParseResult r = QifParser::parse(QStringLiteral("!Type:Bank\nD1/5/2024\nT-15.00\nPMarket\n"
-                                                             "SFood\n$-10.00\nEBread\nSHome\n$-5.00\n"
-                                                             "S[Savings]\n$bad\nEout\nMmemo after splits\n^\n"
-                                                             "D1/6/2024\n$-3\nEno split open\nT-4\n^"));
-    QCOMPARE(r.transactions.size(), 2);
-    const QifTransaction &t = r.transactions.first();
-    QCOMPARE(t.amount, -1500);
-    QCOMPARE(t.memo, QStringLiteral("memo after splits"));
-    QCOMPARE(t.splits.size(), 3);
-    QCOMPARE(t.splits.at(0).category, QStringLiteral("Food"));
-    QCOMPARE(t.splits.at(0).amount, -1000);
-    QCOMPARE(t.splits.at(0).memo, QStringLiteral("Bread"));
-    QCOMPARE(t.splits.at(1).category, QStringLiteral("Home"));
-    QCOMPARE(t.splits.at(1).amount, -500);
-    QVERIFY(t.splits.at(1).memo.isEmpty());
-    QCOMPARE(t.splits.at(2).transferAccount, QStringLiteral("Savings"));
-    QCOMPARE(t.splits.at(2).amount, 0);
-    QCOMPARE(t.splits.at(2).memo, QStringLiteral("out"));
-    // A "$" before any split is the record's amount, and a later "T" replaces it.
-    QCOMPARE(r.transactions.at(1).amount, -400);
-    QVERIFY(r.transactions.at(1).splits.isEmpty());
-}
+    void metadataSections()
+    {
+        QFETCH(QString, header);
+        const QifParseResult r = QifParser::parse(
+            header +
+            QStringLiteral(
+                "\nNOne\nD1/2/2024\nT5\n^\nNTwo\n^\n^\nNThree\nT-1\n^\n!Type:Bank\nD1/3/2024\nT7\n^"));
+        QCOMPARE(r.metadataRecords, 3);
+        QCOMPARE(r.transactions.size(), 1);
+        QCOMPARE(r.transactions.first().amount, 700);
+        QCOMPARE(r.skippedRecords, 0);
+    }
 
-void TstQifParser::categoryField_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<QString>("category");
-    QTest::addColumn<QString>("transfer");
-    QTest::newRow("plain") << "LGroceries"
-                           << "Groceries"
-                           << "";
-    QTest::newRow("class dropped") << "LGroceries/Family"
-                                   << "Groceries"
-                                   << "";
-    QTest::newRow("colon kept") << "LAuto:Fuel"
-                                << "Auto:Fuel"
-                                << "";
-    QTest::newRow("transfer") << "L[Savings]"
-                              << ""
-                              << "Savings";
-    QTest::newRow("transfer with class") << "L[Savings]/Vacation"
-                                         << ""
-                                         << "Savings";
-    QTest::newRow("blanks in brackets") << "L[ Livret bleu ]"
-                                        << ""
-                                        << "Livret bleu";
-    QTest::newRow("open bracket") << "L[Savings"
-                                  << "[Savings"
-                                  << "";
-    QTest::newRow("empty") << "L"
-                           << ""
-                           << "";
-}
+    void dateOrderComesFromAnyLine()
+    {
+        // The deciding line stands below the first record and in a category record.
+        const QifParseResult r = QifParser::parse(
+            QStringLiteral("!Type:Bank\nD1/2/2024\nT1\n^\n!Type:Cat\nNFood\nD13/1/2024\n^\n"));
+        QCOMPARE(r.dateOrder, QifDateOrder::DayFirst);
+        QCOMPARE(r.transactions.first().date, QDate(2024, 2, 1));
 
-void TstQifParser::categoryField()
-{
-    QFETCH(QString, line);
-    QFETCH(QString, category);
-    QFETCH(QString, transfer);
-    const QifParseResult r =
-        QifParser::parse(QStringLiteral("D1/5/2024\nT1\n%1\nS%2\n^").arg(line, line.mid(1)));
-    QCOMPARE(r.transactions.size(), 1);
-    QCOMPARE(r.transactions.first().category, category);
-    QCOMPARE(r.transactions.first().transferAccount, transfer);
-    QCOMPARE(r.transactions.first().splits.first().category, category);
-    QCOMPARE(r.transactions.first().splits.first().transferAccount, transfer);
-}
+        const QifParseResult month = QifParser::parse(QStringLiteral("D1/13/2024\nT1\n^\nD2/1/2024\nT1\n^"));
+        QCOMPARE(month.dateOrder, QifDateOrder::MonthFirst);
+        QCOMPARE(month.transactions.at(1).date, QDate(2024, 2, 1));
 
-void TstQifParser::clearedMarks_data()
-{
-    QTest::addColumn<QString>("line");
-    QTest::addColumn<bool>("cleared");
-    QTest::addColumn<bool>("reconciled");
-    QTest::newRow("star") << "C*" << true << false;
-    QTest::newRow("c") << "Cc" << true << false;
-    QTest::newRow("X") << "CX" << true << false;
-    QTest::newRow("R") << "CR" << true << true;
-    QTest::newRow("r") << "Cr" << true << true;
-    QTest::newRow("empty") << "C" << false << false;
-    QTest::newRow("other") << "C?" << false << false;
-}
+        // An order given by the caller stands.
+        QCOMPARE(QifParser::parse(QStringLiteral("D13/1/2024\nT1\n^"), QifDateOrder::MonthFirst).dateOrder,
+                 QifDateOrder::MonthFirst);
+        QCOMPARE(QifParser::parse(QString()).dateOrder, QifDateOrder::MonthFirst);
+    }
 
-void TstQifParser::clearedMarks()
-{
-    QFETCH(QString, line);
-    QFETCH(bool, cleared);
-    QFETCH(bool, reconciled);
-    const QifParseResult r = QifParser::parse(QStringLiteral("D1/5/2024\nT1\n%1\n^").arg(line));
-    QCOMPARE(r.transactions.first().cleared, cleared);
-    QCOMPARE(r.transactions.first().reconciled, reconciled);
-}
+    void dateOrderIgnoresYearFirstAndTheSecondNumber()
+    {
+        const QifParseResult r = QifParser::parse(
+            QStringLiteral("D2024-03-15\nT1\n^\nD2024/3/25\nT1\n^\nD1/31/2024\nT1\n^\nd13/1/2024\n"));
+        QCOMPARE(r.dateOrder, QifDateOrder::MonthFirst);
+        QCOMPARE(r.transactions.size(), 3);
+        QCOMPARE(r.transactions.at(2).date, QDate(2024, 1, 31));
+    }
 
-void TstQifParser::accountBlocks()
-{
-    const QifParseResult r = QifParser::parse(QStringLiteral(
-        "!Option:AutoSwitch\n!Account\nNChecking\nTBank\n^\nNUnused\nD2/5/92\n^\nNVisa\nTCCard\n^\n"
-        "!Clear:AutoSwitch\n!Type:CCard\nD1/5/2024\nT-20\n^\n"
-        "!Account\nNChecking\n^\n!Type:Bank\nD1/6/2024\nT100\nL[Visa]\n^\n"
-        "!Account\nNCHECKING\n^\n!Type:Cash\nD1/7/2024\nT5\n^\n"
-        "!Account\n^\nD1/8/2024\nT9\n^"));
-    QCOMPARE(r.metadataRecords, 0);
-    QCOMPARE(r.transactions.size(), 3);
-    QCOMPARE(r.transactions.at(0).sourceAccount, QStringLiteral("Visa"));
-    QCOMPARE(r.transactions.at(1).sourceAccount, QStringLiteral("Checking"));
-    QCOMPARE(r.transactions.at(1).transferAccount, QStringLiteral("Visa"));
-    QCOMPARE(r.transactions.at(2).sourceAccount, QStringLiteral("CHECKING"));
-    // Names enter by their first kept record, once whatever the case, with the type then in force;
-    // the last record sits in an account block, where fields are not read.
-    QCOMPARE(r.accounts.size(), 2);
-    QCOMPARE(r.accounts.at(0).name, QStringLiteral("Visa"));
-    QCOMPARE(r.accounts.at(0).type, QifAccountType::CreditCard);
-    QCOMPARE(r.accounts.at(1).name, QStringLiteral("Checking"));
-    QCOMPARE(r.accounts.at(1).type, QifAccountType::Bank);
-}
+    void recordsNeedDateAndAmount()
+    {
+        const QifParseResult r = QifParser::parse(QStringLiteral(
+            "PBefore any header\nD1/5/2024\nT-5.00\n^\n"
+            "!Type:Bank\nPNo amount\nD1/5/2024\n^\nPNo date\nT1\n^\nPBad date\nD2/30/2024\nT1\n^\n"
+            "PBad amount\nD1/5/2024\nTabc\n^\n^\n^\nXunknown letters only\n^\nPLast\nD1/6/2024\nT2"));
+        QCOMPARE(r.skippedRecords, 4);
+        QCOMPARE(r.transactions.size(), 2);
+        QCOMPARE(r.transactions.first().payee, QStringLiteral("Before any header"));
+        QCOMPARE(r.transactions.first().amount, -500);
+        QVERIFY(r.transactions.first().sourceAccount.isEmpty());
+        QCOMPARE(r.transactions.last().payee, QStringLiteral("Last"));
+        QVERIFY(r.accounts.isEmpty());
+    }
 
-void TstQifParser::categories()
-{
-    const QifParseResult r =
-        QifParser::parse(QStringLiteral("!Type:Cat\nNSalary\nDPay\nI\n^\nNFood\nE\n^\n"
-                                        "NFood\n^\nDno name\n^\n!Type:Bank\nD1/2/2024\nT1\n"));
-    QCOMPARE(r.categories.size(), 3);
-    QCOMPARE(r.categories.at(0).name, QStringLiteral("Salary"));
-    QCOMPARE(r.categories.at(0).description, QStringLiteral("Pay"));
-    QVERIFY(r.categories.at(0).isIncome);
-    QVERIFY(!r.categories.at(1).isIncome);
-    QCOMPARE(r.categories.at(2).name, QStringLiteral("Food"));
-    QCOMPARE(r.transactions.size(), 1);
-}
+    void splits()
+    {
+        const QifParseResult r =
+            QifParser::parse(QStringLiteral("!Type:Bank\nD1/5/2024\nT-15.00\nPMarket\n"
+                                            "SFood\n$-10.00\nEBread\nSHome\n$-5.00\n"
+                                            "S[Savings]\n$bad\nEout\nMmemo after splits\n^\n"
+                                            "D1/6/2024\n$-3\nEno split open\nT-4\n^"));
+        QCOMPARE(r.transactions.size(), 2);
+        const QifTransaction &t = r.transactions.first();
+        QCOMPARE(t.amount, -1500);
+        QCOMPARE(t.memo, QStringLiteral("memo after splits"));
+        QStringList splits;
+        for (const QifSplit &split : t.splits)
+            splits << QStringLiteral("%1[%2] %3 %4")
+                          .arg(split.category, split.transferAccount)
+                          .arg(split.amount)
+                          .arg(split.memo);
+        QCOMPARE(splits.join('|'), QStringLiteral("Food[] -1000 Bread|Home[] -500 |[Savings] 0 out"));
+        // A "$" before any split is the record's amount, and a later "T" replaces it.
+        QCOMPARE(r.transactions.at(1).amount, -400);
+        QVERIFY(r.transactions.at(1).splits.isEmpty());
+    }
 
-void TstQifParser::lineEndsMarksAndBlankLines()
-{
-    const QString text = QStringLiteral("\uFEFF!Type:Bank\r\n\r\nD1/2/2024\r\nT1\r\n^\rD1/3/2024\r  T2  \r^\n"
-                                        "\uFEFF\r   PSpaced  \nD1/4/2024\nT3\nd1/9/2024\n");
-    const QifParseResult r = QifParser::parse(text);
-    QCOMPARE(r.transactions.size(), 3);
-    QCOMPARE(r.transactions.at(1).amount, 200);
-    QCOMPARE(r.transactions.at(2).payee, QStringLiteral("Spaced"));
-    QCOMPARE(r.transactions.at(2).date, QDate(2024, 1, 4));
-    QVERIFY(QifParser::parse(QString()).transactions.isEmpty());
-}
+    void categoryField_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<QString>("category");
+        QTest::addColumn<QString>("transfer");
+        // clang-format off
+    QTest::newRow("plain")               << "LGroceries"          << "Groceries" << "";
+    QTest::newRow("class dropped")       << "LGroceries/Family"   << "Groceries" << "";
+    QTest::newRow("colon kept")          << "LAuto:Fuel"          << "Auto:Fuel" << "";
+    QTest::newRow("transfer")            << "L[Savings]"          << ""          << "Savings";
+    QTest::newRow("transfer with class") << "L[Savings]/Vacation" << ""          << "Savings";
+    QTest::newRow("blanks in brackets")  << "L[ Livret bleu ]"    << ""          << "Livret bleu";
+    QTest::newRow("open bracket")        << "L[Savings"           << "[Savings"  << "";
+    QTest::newRow("empty")               << "L"                   << ""          << "";
+        // clang-format on
+    }
+
+    void categoryField()
+    {
+        QFETCH(QString, line);
+        QFETCH(QString, category);
+        QFETCH(QString, transfer);
+        const QifParseResult r =
+            QifParser::parse(QStringLiteral("D1/5/2024\nT1\n%1\nS%2\n^").arg(line, line.mid(1)));
+        QCOMPARE(r.transactions.size(), 1);
+        QCOMPARE(r.transactions.first().category, category);
+        QCOMPARE(r.transactions.first().transferAccount, transfer);
+        QCOMPARE(r.transactions.first().splits.first().category, category);
+        QCOMPARE(r.transactions.first().splits.first().transferAccount, transfer);
+    }
+
+    void clearedMarks_data()
+    {
+        QTest::addColumn<QString>("line");
+        QTest::addColumn<bool>("cleared");
+        QTest::addColumn<bool>("reconciled");
+        QTest::newRow("star") << "C*" << true << false;
+        QTest::newRow("c") << "Cc" << true << false;
+        QTest::newRow("X") << "CX" << true << false;
+        QTest::newRow("R") << "CR" << true << true;
+        QTest::newRow("r") << "Cr" << true << true;
+        QTest::newRow("empty") << "C" << false << false;
+        QTest::newRow("other") << "C?" << false << false;
+    }
+
+    void clearedMarks()
+    {
+        QFETCH(QString, line);
+        QFETCH(bool, cleared);
+        QFETCH(bool, reconciled);
+        const QifParseResult r = QifParser::parse(QStringLiteral("D1/5/2024\nT1\n%1\n^").arg(line));
+        QCOMPARE(r.transactions.first().cleared, cleared);
+        QCOMPARE(r.transactions.first().reconciled, reconciled);
+    }
+
+    void accountBlocks()
+    {
+        const QifParseResult r = QifParser::parse(QStringLiteral(
+            "!Option:AutoSwitch\n!Account\nNChecking\nTBank\n^\nNUnused\nD2/5/92\n^\nNVisa\nTCCard\n^\n"
+            "!Clear:AutoSwitch\n!Type:CCard\nD1/5/2024\nT-20\n^\n"
+            "!Account\nNChecking\n^\n!Type:Bank\nD1/6/2024\nT100\nL[Visa]\n^\n"
+            "!Account\nNCHECKING\n^\n!Type:Cash\nD1/7/2024\nT5\n^\n"
+            "!Account\n^\nD1/8/2024\nT9\n^"));
+        QCOMPARE(r.metadataRecords, 0);
+        QStringList records, accounts;
+        for (const QifTransaction &t : r.transactions)
+            records << t.sourceAccount + '>' + t.transferAccount;
+        QCOMPARE(records.join(' '), QStringLiteral("Visa> Checking>Visa CHECKING>"));
+        // Names enter by their first kept record, once whatever the case, with the type then in force;
+        // the last record sits in an account block, where fields are not read.
+        for (const QifAccountRef &a : r.accounts)
+            accounts << a.name + ':' + QString::number(int(a.type));
+        QCOMPARE(accounts, (QStringList{"Visa:" + QString::number(int(QifAccountType::CreditCard)),
+                                        "Checking:" + QString::number(int(QifAccountType::Bank))}));
+    }
+
+    void categories()
+    {
+        const QifParseResult r =
+            QifParser::parse(QStringLiteral("!Type:Cat\nNSalary\nDPay\nI\n^\nNFood\nE\n^\n"
+                                            "NFood\n^\nDno name\n^\n!Type:Bank\nD1/2/2024\nT1\n"));
+        QCOMPARE(r.categories.size(), 3);
+        QCOMPARE(r.categories.at(0).name, QStringLiteral("Salary"));
+        QCOMPARE(r.categories.at(0).description, QStringLiteral("Pay"));
+        QVERIFY(r.categories.at(0).isIncome);
+        QVERIFY(!r.categories.at(1).isIncome);
+        QCOMPARE(r.categories.at(2).name, QStringLiteral("Food"));
+        QCOMPARE(r.transactions.size(), 1);
+    }
+
+    void lineEndsMarksAndBlankLines()
+    {
+        const QString text =
+            QStringLiteral("\uFEFF!Type:Bank\r\n\r\nD1/2/2024\r\nT1\r\n^\rD1/3/2024\r  T2  \r^\n"
+                           "\uFEFF\r   PSpaced  \nD1/4/2024\nT3\nd1/9/2024\n");
+        const QifParseResult r = QifParser::parse(text);
+        QCOMPARE(r.transactions.size(), 3);
+        QCOMPARE(r.transactions.at(1).amount, 200);
+        QCOMPARE(r.transactions.at(2).payee, QStringLiteral("Spaced"));
+        QCOMPARE(r.transactions.at(2).date, QDate(2024, 1, 4));
+        QVERIFY(QifParser::parse(QString()).transactions.isEmpty());
+    }
+};
 
 QTEST_GUILESS_MAIN(TstQifParser)
 #include "tst_qifparser.moc"

@@ -216,13 +216,11 @@ private slots:
         const auto legs = [this](const char *account) {
             QStringList rows;
             for (const Transaction &t : posted(QLatin1String(account)))
-                rows << QStringList{t.id,
-                                    QString::number(t.amount),
-                                    t.date.toString(Qt::ISODate),
-                                    t.transferLinkId,
-                                    t.transferDestAccountId,
-                                    t.recurringId}
-                            .join(QLatin1Char(' '));
+                rows << QStringLiteral("%1 %2 %3 %4 %5 %6")
+                            .arg(t.id)
+                            .arg(t.amount)
+                            .arg(t.date.toString(Qt::ISODate), t.transferLinkId, t.transferDestAccountId,
+                                 t.recurringId);
             return rows;
         };
         QCOMPARE(legs("a"), QStringList(sourceId + " -10000 2026-03-31 " + destId + " b t"));

@@ -1,3 +1,5 @@
+// One libFuzzer entry point, built once per check: OMBREL_FUZZ_CHECK names the FuzzChecks function.
+
 #include "FuzzChecks.h"
 
 #include <cstdint>
@@ -6,8 +8,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size)
 {
-    const QString failure =
-        FuzzChecks::parseCsv(QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size)));
+    const QString failure = FuzzChecks::OMBREL_FUZZ_CHECK(
+        QByteArray::fromRawData(reinterpret_cast<const char *>(data), qsizetype(size)));
     if (!failure.isEmpty()) {
         std::fprintf(stderr, "%s\n", qPrintable(failure));
         std::abort();
