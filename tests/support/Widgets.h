@@ -33,3 +33,19 @@ inline QString labelText(const QObject *parent)
         texts.append(label->text());
     return texts.join(QLatin1Char('\n'));
 }
+
+#include <QApplication>
+#include <QTemporaryDir>
+#include <QTest>
+
+// A GUI test's main: what the program stores in its settings goes to a directory of the test's own, never
+// to the user's.
+#define OMBREL_GUI_TEST_MAIN(TestClass)                                                                      \
+    int main(int argc, char *argv[])                                                                         \
+    {                                                                                                        \
+        QTemporaryDir home;                                                                                  \
+        qputenv("XDG_CONFIG_HOME", home.filePath(QStringLiteral("config")).toUtf8());                        \
+        QApplication app(argc, argv);                                                                        \
+        TestClass test;                                                                                      \
+        return QTest::qExec(&test, argc, argv);                                                              \
+    }
