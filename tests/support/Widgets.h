@@ -49,3 +49,32 @@ inline QString labelText(const QObject *parent)
         TestClass test;                                                                                      \
         return QTest::qExec(&test, argc, argv);                                                              \
     }
+
+#include <QMenu>
+#include <QTimer>
+
+#include <functional>
+
+// Runs open, which shows a popup menu with a loop of its own, and answers the menu once it is up, as a user
+// would: closes it and triggers the entry with the text pick, if there is one. Gives the enabled entries.
+inline QStringList answerPopupMenu(const std::function<void()> &open, const QString &pick = {})
+{
+    QStringList enabled;
+    QTimer::singleShot(0, [&] {
+        auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
+        if (!menu)
+            return;
+        QAction *chosen = nullptr;
+        for (QAction *action : menu->actions()) {
+            if (!action->isSeparator() && action->isEnabled())
+                enabled << action->text();
+            if (action->text() == pick)
+                chosen = action;
+        }
+        menu->close();
+        if (chosen)
+            chosen->trigger();
+    });
+    open();
+    return enabled;
+}
