@@ -8,14 +8,8 @@
 #include "ui/CategoryTreeModel.h"
 #include "ui/Prompt.h"
 
-#include <QAbstractItemModelTester>
-#include <QAction>
-#include <QDialog>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeView>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 #include <optional>

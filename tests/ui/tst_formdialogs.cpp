@@ -12,15 +12,8 @@
 #include "ui/TransactionFormDialog.h"
 #include "ui/register/DateField.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QRegularExpression>
-#include <QTableWidget>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 #include <optional>

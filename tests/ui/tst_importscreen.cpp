@@ -7,19 +7,8 @@
 #include "ui/MainWindow.h"
 #include "ui/Prompt.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QDoubleSpinBox>
-#include <QFormLayout>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QPlainTextEdit>
-#include <QPushButton>
-#include <QRadioButton>
-#include <QSignalSpy>
-#include <QStackedWidget>
-#include <QTableWidget>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 

@@ -15,18 +15,9 @@
 #include "ui/SettingsScreen.h"
 #include "ui/StatusBar.h"
 
-#include <QDesktopServices>
-#include <QDialog>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QMenuBar>
-#include <QPointer>
-#include <QPushButton>
-#include <QScreen>
-#include <QShortcut>
-#include <QTcpSocket>
-#include <QUrlQuery>
+#include <QtTest>
+#include <QtNetwork>
+#include <QtWidgets>
 
 #include <optional>
 

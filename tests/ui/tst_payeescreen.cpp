@@ -5,12 +5,9 @@
 #include "support/Widgets.h"
 #include "ui/Prompt.h"
 
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSignalSpy>
 #include <QSqlQuery>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 

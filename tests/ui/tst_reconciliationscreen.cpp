@@ -8,13 +8,8 @@
 #include "ui/ReconciliationHistoryScreen.h"
 #include "ui/register/DateField.h"
 
-#include <QCheckBox>
-#include <QDoubleSpinBox>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QScrollBar>
-#include <QSignalSpy>
-#include <QTableWidget>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 

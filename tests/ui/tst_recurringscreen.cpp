@@ -6,11 +6,8 @@
 #include "ui/Prompt.h"
 #include "ui/RecurringModel.h"
 
-#include <QAbstractItemModelTester>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QSignalSpy>
-#include <QTableView>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 

@@ -6,14 +6,8 @@
 #include "support/Widgets.h"
 #include "ui/Prompt.h"
 
-#include <QComboBox>
-#include <QDateEdit>
-#include <QDir>
-#include <QLabel>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTableWidget>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 

@@ -8,13 +8,8 @@
 #include "support/TempAppState.h"
 #include "ui/register/RegisterModel.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTableView>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 #include <optional>

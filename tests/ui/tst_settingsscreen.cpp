@@ -8,15 +8,9 @@
 #include "support/Widgets.h"
 #include "ui/Prompt.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDir>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSettings>
-#include <QSignalSpy>
 #include <QSqlQuery>
-#include <QStackedWidget>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 

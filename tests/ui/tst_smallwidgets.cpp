@@ -4,11 +4,8 @@
 #include "ui/StatusBar.h"
 #include "ui/WelcomeScreen.h"
 
-#include <QFrame>
-#include <QHBoxLayout>
-#include <QProgressBar>
-#include <QPushButton>
-#include <QSignalSpy>
+#include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 

@@ -5,9 +5,8 @@
 #include "support/Widgets.h"
 #include "ui/register/RegisterModel.h"
 
-#include <QComboBox>
-#include <QLineEdit>
-#include <QTableView>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 

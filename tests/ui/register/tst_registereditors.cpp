@@ -8,14 +8,8 @@
 #include "ui/register/SmartDateEdit.h"
 #include "ui/register/TabCompleter.h"
 
-#include <QCalendarWidget>
-#include <QFocusEvent>
-#include <QSignalSpy>
-#include <QStandardItemModel>
-#include <QStyledItemDelegate>
-#include <QTableView>
-#include <QTest>
-#include <QVBoxLayout>
+#include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 

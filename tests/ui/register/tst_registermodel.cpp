@@ -1,8 +1,7 @@
 #include "ui/register/RegisterModel.h"
 
-#include <QAbstractItemModelTester>
-#include <QSignalSpy>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 using namespace Qt::StringLiterals;
 using M = RegisterModel;

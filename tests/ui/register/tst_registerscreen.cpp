@@ -8,17 +8,8 @@
 #include "ui/register/RegisterModel.h"
 #include "ui/register/RegisterTableView.h"
 
-#include <QComboBox>
-#include <QCompleter>
-#include <QDialog>
-#include <QHeaderView>
-#include <QLineEdit>
-#include <QMenu>
-#include <QScopeGuard>
-#include <QSettings>
-#include <QSignalSpy>
-#include <QStyle>
-#include <QTimer>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
 
@@ -344,15 +335,9 @@ private slots:
         QTest::addColumn<QString>("keys");
         QTest::addColumn<QDate>("expected");
         // The buffer starts on 2/29/2024; the first key opens the editor and goes into it, or Enter opens
-        // it on the buffer's date, to be typed over.
+        // it on the buffer's date, to be typed over. What each key does is the date editor's own test.
         QTest::newRow("+") << u"+"_s << QDate(2024, 3, 1);
         QTest::newRow("= twice") << u"=="_s << QDate(2024, 3, 2);
-        QTest::newRow("-") << u"-"_s << QDate(2024, 2, 28);
-        QTest::newRow("m then h") << u"mh"_s << QDate(2024, 2, 29);
-        QTest::newRow("y") << u"y"_s << QDate(2024, 1, 1);
-        QTest::newRow("r") << u"r"_s << QDate(2024, 12, 31);
-        QTest::newRow("w") << u"w"_s << QDate(2024, 2, 25);
-        QTest::newRow("k") << u"k"_s << QDate(2024, 3, 2);
         QTest::newRow("t") << u"t"_s << QDate::currentDate();
         QTest::newRow("two-digit year is 19yy") << u"<Enter><All>3/4/25"_s << QDate(1925, 3, 4);
         QTest::newRow("unreadable keeps the date") << u"<Enter><All>13/45/2024"_s << QDate(2024, 2, 29);
@@ -535,17 +520,8 @@ private slots:
         QCOMPARE(QSettings().value(u"register/colWidth/2"_s).toInt(), 321);
         QCOMPARE(header->length(), viewport); // now Memo does
 
-        // The header menu is a popup with its own loop: pick the entry once it is up, as a user would.
         const auto toggleFromMenu = [this](const QString &entry) {
-            QTimer::singleShot(0, [entry] {
-                auto *menu = qobject_cast<QMenu *>(QApplication::activePopupWidget());
-                QVERIFY(menu);
-                for (QAction *action : menu->actions())
-                    if (action->text() == entry)
-                        action->trigger();
-                menu->close();
-            });
-            m_screen->showHeaderContextMenu(QPoint(10, 10));
+            answerPopupMenu([this] { m_screen->showHeaderContextMenu(QPoint(10, 10)); }, entry);
         };
         toggleFromMenu(u"Chk #"_s);
         QVERIFY(view()->isColumnHidden(M::Check));
