@@ -24,20 +24,17 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_app.reset();
-        m_app.emplace();
-        QVERIFY(m_app->ok());
+        QVERIFY(m_app.emplace().ok());
         m_state = m_app->get();
         CategoryRepository *repo = m_state->categories();
         for (const Category &c : repo->getAll())
             QVERIFY(repo->softDelete(c.id));
-        QVERIFY(repo->insert(Fixtures::category("home", "Housing")));
-        QVERIFY(repo->insert(Fixtures::category("rent", "Rent", "home")));
-        QVERIFY(repo->insert(Fixtures::category("hoa", "HOA", "home")));
-        QVERIFY(repo->insert(Fixtures::category("car", "Transportation")));
-        QVERIFY(repo->insert(Fixtures::category("fuel", "Gas/Fuel", "car")));
-        QVERIFY(repo->insert(Fixtures::category("pets", "Pets")));
-        QVERIFY(repo->insert(Fixtures::category("pay", "Salary", {}, CategoryType::Income, "wages")));
+        for (const Category &c :
+             {Fixtures::category("home", "Housing"), Fixtures::category("rent", "Rent", "home"),
+              Fixtures::category("hoa", "HOA", "home"), Fixtures::category("car", "Transportation"),
+              Fixtures::category("fuel", "Gas/Fuel", "car"), Fixtures::category("pets", "Pets"),
+              Fixtures::category("pay", "Salary", {}, CategoryType::Income, "wages")})
+            QVERIFY(repo->insert(c));
         m_screen = std::make_unique<CategoriesScreen>(m_state);
         m_screen->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_screen.get()));

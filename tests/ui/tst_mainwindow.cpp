@@ -15,8 +15,8 @@
 #include "ui/SettingsScreen.h"
 #include "ui/StatusBar.h"
 
-#include <QtTest>
 #include <QtNetwork>
+#include <QtTest>
 #include <QtWidgets>
 
 #include <optional>
@@ -102,9 +102,7 @@ private slots:
     void init()
     {
         m_window.reset();
-        m_state.reset();
-        m_state.emplace();
-        QVERIFY(m_state->ok());
+        QVERIFY(m_state.emplace().ok());
     }
 
     void cleanup() { m_window.reset(); }

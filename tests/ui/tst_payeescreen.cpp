@@ -43,9 +43,7 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_state.reset();
-        m_state.emplace();
-        QVERIFY(m_state->ok());
+        QVERIFY(m_state.emplace().ok());
         AppState *s = m_state->get();
         QVERIFY(s->accounts()->insert(Fixtures::account("a", "Checking")));
         QVERIFY(s->accounts()->insert(Fixtures::account("b", "Visa")));

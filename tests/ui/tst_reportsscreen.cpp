@@ -76,9 +76,7 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_state.reset();
-        m_state.emplace();
-        QVERIFY(m_state->ok());
+        QVERIFY(m_state.emplace().ok());
         m_screen.emplace(m_state->get());
     }
 

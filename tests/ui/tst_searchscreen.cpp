@@ -22,9 +22,7 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_app.reset();
-        m_app.emplace();
-        QVERIFY(m_app->ok());
+        QVERIFY(m_app.emplace().ok());
         m_state = m_app->get();
         QVERIFY(m_state->accounts()->insert(Fixtures::account("a", "Checking")));
         QVERIFY(m_state->accounts()->insert(Fixtures::account("b", "Savings")));

@@ -100,9 +100,7 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_state.reset();
-        m_state.emplace();
-        QVERIFY(m_state->ok());
+        QVERIFY(m_state.emplace().ok());
         QSettings().remove(u"register"_s);
         Account yen = Fixtures::account("yen", "Tokyo");
         yen.currency = Currency::JPY;
