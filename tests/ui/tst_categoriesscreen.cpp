@@ -8,17 +8,13 @@
 #include "ui/CategoryTreeModel.h"
 #include "ui/Prompt.h"
 
-#include <QAbstractItemModelTester>
-#include <QAction>
-#include <QDialog>
-#include <QLineEdit>
-#include <QMenu>
-#include <QPushButton>
-#include <QTest>
-#include <QTreeView>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 #include <optional>
+
+using namespace Qt::StringLiterals;
 
 class TstCategoriesScreen : public QObject {
     Q_OBJECT
@@ -28,20 +24,17 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_app.reset();
-        m_app.emplace();
-        QVERIFY(m_app->ok());
+        QVERIFY(m_app.emplace().ok());
         m_state = m_app->get();
         CategoryRepository *repo = m_state->categories();
         for (const Category &c : repo->getAll())
             QVERIFY(repo->softDelete(c.id));
-        QVERIFY(repo->insert(Fixtures::category("home", "Housing")));
-        QVERIFY(repo->insert(Fixtures::category("rent", "Rent", "home")));
-        QVERIFY(repo->insert(Fixtures::category("hoa", "HOA", "home")));
-        QVERIFY(repo->insert(Fixtures::category("car", "Transportation")));
-        QVERIFY(repo->insert(Fixtures::category("fuel", "Gas/Fuel", "car")));
-        QVERIFY(repo->insert(Fixtures::category("pets", "Pets")));
-        QVERIFY(repo->insert(Fixtures::category("pay", "Salary", {}, CategoryType::Income, "wages")));
+        for (const Category &c :
+             {Fixtures::category("home", "Housing"), Fixtures::category("rent", "Rent", "home"),
+              Fixtures::category("hoa", "HOA", "home"), Fixtures::category("car", "Transportation"),
+              Fixtures::category("fuel", "Gas/Fuel", "car"), Fixtures::category("pets", "Pets"),
+              Fixtures::category("pay", "Salary", {}, CategoryType::Income, "wages")})
+            QVERIFY(repo->insert(c));
         m_screen = std::make_unique<CategoriesScreen>(m_state);
         m_screen->show();
         QVERIFY(QTest::qWaitForWindowExposed(m_screen.get()));
@@ -51,19 +44,19 @@ private slots:
     {
         CategoryTreeModel model;
         QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::QtTest);
-        QVERIFY(m_state->categories()->softDelete(QStringLiteral("home")));
+        QVERIFY(m_state->categories()->softDelete(u"home"_s));
         model.setCategories(m_state->categories()->getAll());
         QStringList top;
         for (int row = 0; row < model.rowCount(); ++row)
             top.append(model.index(row, 0).data().toString());
         // The repository's order, by name; the children of the deleted parent among the others.
         QCOMPARE(top, QStringList({"HOA", "Pets", "Rent", "Salary", "Transportation"}));
-        const QModelIndex car = model.indexOfId(QStringLiteral("car"));
+        const QModelIndex car = model.indexOfId(u"car"_s);
         QCOMPARE(model.rowCount(car), 1);
-        const QModelIndex fuel = model.indexOfId(QStringLiteral("fuel"));
+        const QModelIndex fuel = model.indexOfId(u"fuel"_s);
         QCOMPARE(fuel.parent(), car);
-        QCOMPARE(model.categoryAt(fuel)->name, QStringLiteral("Gas/Fuel"));
-        QVERIFY(!model.indexOfId(QStringLiteral("home")).isValid());
+        QCOMPARE(model.categoryAt(fuel)->name, u"Gas/Fuel"_s);
+        QVERIFY(!model.indexOfId(u"home"_s).isValid());
 
         // A reload frees the old tree and builds the new one.
         model.setCategories({});
@@ -75,7 +68,7 @@ private slots:
         // Sorted without regard to case, and collapsed.
         QCOMPARE(visibleNames(), QStringList({"Housing", "Pets", "Salary", "Transportation"}));
         auto *search = child<QLineEdit>(m_screen.get(), "searchEdit");
-        QTest::keyClicks(search, QStringLiteral("FUEL"));
+        QTest::keyClicks(search, u"FUEL"_s);
         QCOMPARE(visibleNames(), QStringList({"Transportation", "Gas/Fuel"}));
         search->clear();
         QCOMPARE(visibleNames(), QStringList({"Housing", "Pets", "Salary", "Transportation"}));
@@ -83,20 +76,19 @@ private slots:
 
     void expandedBranchesSurviveADelete()
     {
-        m_screen->view()->expand(proxyIndexOf(QStringLiteral("Housing")));
-        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("HOA")));
+        m_screen->view()->expand(proxyIndexOf(u"Housing"_s));
+        m_screen->view()->setCurrentIndex(proxyIndexOf(u"HOA"_s));
         Prompt::setNextAnswer(QMessageBox::Yes);
         QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onDeleteCategory"));
-        QCOMPARE(
-            Prompt::lastText(),
-            QStringLiteral("Delete \"HOA\"? Transactions using this category will become uncategorized."));
+        QCOMPARE(Prompt::lastText(),
+                 u"Delete \"HOA\"? Transactions using this category will become uncategorized."_s);
         QCOMPARE(visibleNames(), QStringList({"Housing", "Rent", "Pets", "Salary", "Transportation"}));
 
         // No: nothing goes.
-        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Rent")));
+        m_screen->view()->setCurrentIndex(proxyIndexOf(u"Rent"_s));
         Prompt::setNextAnswer(QMessageBox::No);
         QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onDeleteCategory"));
-        QVERIFY(m_state->categories()->getByName(QStringLiteral("Rent")));
+        QVERIFY(m_state->categories()->getByName(u"Rent"_s));
     }
 
     void contextMenuHasTwoLevels_data()
@@ -104,10 +96,10 @@ private slots:
         QTest::addColumn<QString>("node");
         QTest::addColumn<QStringList>("entries");
         QTest::newRow("empty space") << QString() << QStringList({"&New Category"});
-        QTest::newRow("top level") << "Housing"
+        QTest::newRow("top level") << u"Housing"_s
                                    << QStringList(
                                           {"&New Category", "Add &Subcategory", "", "&Edit", "&Delete"});
-        QTest::newRow("subcategory") << "Rent" << QStringList({"&New Category", "", "&Edit", "&Delete"});
+        QTest::newRow("subcategory") << u"Rent"_s << QStringList({"&New Category", "", "&Edit", "&Delete"});
     }
 
     void contextMenuHasTwoLevels()
@@ -125,32 +117,32 @@ private slots:
 
     void newSubcategoryGoesUnderTheCurrentNode()
     {
-        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Pets")));
+        m_screen->view()->setCurrentIndex(proxyIndexOf(u"Pets"_s));
         Prompt::setNextDialogHandler([](QDialog *dialog) {
-            child<QLineEdit>(dialog, "nameEdit")->setText(QStringLiteral("Vet"));
+            child<QLineEdit>(dialog, "nameEdit")->setText(u"Vet"_s);
             return int(QDialog::Accepted);
         });
         QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onCreateSubcategory"));
-        const std::optional<Category> vet = m_state->categories()->getByName(QStringLiteral("Vet"));
+        const std::optional<Category> vet = m_state->categories()->getByName(u"Vet"_s);
         QVERIFY(vet);
-        QCOMPARE(vet->parentId, QStringLiteral("pets"));
-        QCOMPARE(m_screen->model()->rowCount(m_screen->model()->indexOfId(QStringLiteral("pets"))), 1);
+        QCOMPARE(vet->parentId, u"pets"_s);
+        QCOMPARE(m_screen->model()->rowCount(m_screen->model()->indexOfId(u"pets"_s)), 1);
 
         // Under a subcategory nothing is asked: the scripted form waits for the button below, which
         // is cancelled and adds nothing.
         int asked = 0;
         Prompt::setNextDialogHandler([&asked](QDialog *dialog) {
             ++asked;
-            child<QLineEdit>(dialog, "nameEdit")->setText(QStringLiteral("Nope"));
+            child<QLineEdit>(dialog, "nameEdit")->setText(u"Nope"_s);
             return int(QDialog::Rejected);
         });
         m_screen->view()->expandAll();
-        m_screen->view()->setCurrentIndex(proxyIndexOf(QStringLiteral("Vet")));
+        m_screen->view()->setCurrentIndex(proxyIndexOf(u"Vet"_s));
         QVERIFY(QMetaObject::invokeMethod(m_screen.get(), "onCreateSubcategory"));
         QCOMPARE(asked, 0);
         QTest::mouseClick(child<QPushButton>(m_screen.get(), "newButton"), Qt::LeftButton);
         QCOMPARE(asked, 1);
-        QVERIFY(!m_state->categories()->getByName(QStringLiteral("Nope")));
+        QVERIFY(!m_state->categories()->getByName(u"Nope"_s));
     }
 
 private:

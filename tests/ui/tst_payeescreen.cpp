@@ -5,14 +5,13 @@
 #include "support/Widgets.h"
 #include "ui/Prompt.h"
 
-#include <QLineEdit>
-#include <QListWidget>
-#include <QPushButton>
-#include <QSignalSpy>
 #include <QSqlQuery>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
+
+using namespace Qt::StringLiterals;
 
 class TstPayeeScreen : public QObject {
     Q_OBJECT
@@ -22,9 +21,8 @@ class TstPayeeScreen : public QObject {
     int count(const QString &where)
     {
         QSqlQuery q(m_state->get()->database()->connection());
-        return q.exec(QStringLiteral("SELECT COUNT(*) FROM transactions WHERE ") + where) && q.next()
-                   ? q.value(0).toInt()
-                   : -1;
+        return q.exec(u"SELECT COUNT(*) FROM transactions WHERE "_s + where) && q.next() ? q.value(0).toInt()
+                                                                                         : -1;
     }
     // Clicks the payees, the first plainly and the rest with Ctrl, as a user would.
     void select(const QStringList &payees)
@@ -45,9 +43,7 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_state.reset();
-        m_state.emplace();
-        QVERIFY(m_state->ok());
+        QVERIFY(m_state.emplace().ok());
         AppState *s = m_state->get();
         QVERIFY(s->accounts()->insert(Fixtures::account("a", "Checking")));
         QVERIFY(s->accounts()->insert(Fixtures::account("b", "Visa")));
@@ -62,10 +58,10 @@ private slots:
         for (const auto &r : rows)
             QVERIFY(
                 s->transactions()->insert(Fixtures::transaction(r[0], r[1], QDate(2025, 5, 1), r[2], -100)));
-        QVERIFY(s->transactions()->softDelete(QStringLiteral("gone")));
+        QVERIFY(s->transactions()->softDelete(u"gone"_s));
         // Synced, so that the rows a change touches show as pending and the others do not.
         QSqlQuery synced(s->database()->connection());
-        QVERIFY(synced.exec(QStringLiteral("UPDATE transactions SET sync_status = 'synced'")));
+        QVERIFY(synced.exec(u"UPDATE transactions SET sync_status = 'synced'"_s));
         m_screen.emplace(s);
         m_screen->show();
         QVERIFY(QTest::qWaitForWindowExposed(&*m_screen));
@@ -81,28 +77,27 @@ private slots:
         QTest::addColumn<int>("rows");
         QTest::addColumn<int>("changed"); // rows written, the deleted one never among them
         QTest::addColumn<int>("payees");
-        const QString rename = QStringLiteral("renameButton"), merge = QStringLiteral("mergeButton");
+        const QString rename = u"renameButton"_s, merge = u"mergeButton"_s;
         QTest::newRow("rename counts live rows of every account")
-            << QStringList{"STARBUCKS #12"} << "  Starbucks  " << rename << "Renamed 2 transaction(s)."
-            << "Starbucks" << 3 << 2 << 3;
+            << QStringList{"STARBUCKS #12"} << u"  Starbucks  "_s << rename << u"Renamed 2 transaction(s)."_s
+            << u"Starbucks"_s << 3 << 2 << 3;
         QTest::newRow("rename to the same name")
-            << QStringList{"Starbucks"} << "Starbucks" << rename << "Renamed 0 transaction(s)."
-            << "Starbucks" << 1 << 0 << 4;
-        QTest::newRow("rename needs a selection") << QStringList{} << "Coffee" << rename << ""
-                                                  << "Coffee" << 0 << 0 << 4;
-        QTest::newRow("rename needs a name") << QStringList{"Grocer"} << "   " << rename << ""
-                                             << "Grocer" << 1 << 0 << 4;
+            << QStringList{"Starbucks"} << u"Starbucks"_s << rename << u"Renamed 0 transaction(s)."_s
+            << u"Starbucks"_s << 1 << 0 << 4;
+        QTest::newRow("rename needs a selection")
+            << QStringList{} << u"Coffee"_s << rename << u""_s << u"Coffee"_s << 0 << 0 << 4;
+        QTest::newRow("rename needs a name")
+            << QStringList{"Grocer"} << u"   "_s << rename << u""_s << u"Grocer"_s << 1 << 0 << 4;
         // Clicked from the bottom of the list up: the first clicked is the target, and its rows stay.
         QTest::newRow("merge into the first selected")
-            << QStringList{"starbucks coffee", "STARBUCKS #12", "Starbucks"} << "" << merge
-            << "Merged 3 transaction(s)."
-            << "starbucks coffee" << 4 << 3 << 2;
-        QTest::newRow("merge into the typed name") << QStringList{"Starbucks", "starbucks coffee"}
-                                                   << "Coffee " << merge << "Merged 2 transaction(s)."
-                                                   << "Coffee" << 2 << 2 << 3;
+            << QStringList{"starbucks coffee", "STARBUCKS #12", "Starbucks"} << u""_s << merge
+            << u"Merged 3 transaction(s)."_s << u"starbucks coffee"_s << 4 << 3 << 2;
+        QTest::newRow("merge into the typed name")
+            << QStringList{"Starbucks", "starbucks coffee"} << u"Coffee "_s << merge
+            << u"Merged 2 transaction(s)."_s << u"Coffee"_s << 2 << 2 << 3;
         QTest::newRow("merge needs two")
-            << QStringList{"Grocer"} << "" << merge << "Select 2 or more payees to merge."
-            << "Grocer" << 1 << 0 << 4;
+            << QStringList{"Grocer"} << u""_s << merge << u"Select 2 or more payees to merge."_s
+            << u"Grocer"_s << 1 << 0 << 4;
     }
 
     void renameAndMerge()
@@ -120,16 +115,16 @@ private slots:
         QSignalSpy changes(&*m_screen, &PayeeScreen::payeesChanged);
         // Marks what was last shown, so that a screen telling nothing shows.
         Prompt::setNextAnswer(QMessageBox::Ok);
-        Prompt::information(nullptr, QString(), QStringLiteral("-"));
+        Prompt::information(nullptr, QString(), u"-"_s);
         if (button == QLatin1String("mergeButton") && selected.size() > 1)
             Prompt::setNextAnswer(QMessageBox::Yes);
         if (!message.isEmpty())
             Prompt::setNextAnswer(QMessageBox::Ok);
         QTest::mouseClick(child<QPushButton>(&*m_screen, qPrintable(button)), Qt::LeftButton);
-        QCOMPARE(Prompt::lastText(), message.isEmpty() ? QStringLiteral("-") : message);
-        QCOMPARE(count(QStringLiteral("payee = '%1' AND deleted_at IS NULL").arg(name)), rows);
-        QCOMPARE(count(QStringLiteral("sync_status = 'pending'")), changed);
-        QCOMPARE(count(QStringLiteral("id = 'gone' AND payee = 'STARBUCKS #12'")), 1);
+        QCOMPARE(Prompt::lastText(), message.isEmpty() ? u"-"_s : message);
+        QCOMPARE(count(u"payee = '%1' AND deleted_at IS NULL"_s.arg(name)), rows);
+        QCOMPARE(count(u"sync_status = 'pending'"_s), changed);
+        QCOMPARE(count(u"id = 'gone' AND payee = 'STARBUCKS #12'"_s), 1);
         QCOMPARE(changes.count(), message.endsWith(QLatin1String("transaction(s).")) ? 1 : 0);
         QCOMPARE(child<QListWidget>(&*m_screen, "payeeList")->count(), payees);
     }
@@ -139,8 +134,8 @@ private slots:
         select({"Grocer", "Starbucks"});
         Prompt::setNextAnswer(QMessageBox::No);
         QTest::mouseClick(child<QPushButton>(&*m_screen, "mergeButton"), Qt::LeftButton);
-        QCOMPARE(Prompt::lastText(), QStringLiteral("Merge 2 payees into \"Grocer\"?"));
-        QCOMPARE(count(QStringLiteral("sync_status = 'pending'")), 0);
+        QCOMPARE(Prompt::lastText(), u"Merge 2 payees into \"Grocer\"?"_s);
+        QCOMPARE(count(u"sync_status = 'pending'"_s), 0);
     }
 };
 

@@ -6,16 +6,12 @@
 #include "support/Widgets.h"
 #include "ui/Prompt.h"
 
-#include <QComboBox>
-#include <QDateEdit>
-#include <QDir>
-#include <QLabel>
-#include <QPushButton>
-#include <QTabWidget>
-#include <QTableWidget>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <optional>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 constexpr int kAllTime = 9;
@@ -43,7 +39,7 @@ class TstReportsScreen : public QObject {
     enum class Script { Name, Cancel, None };
     QByteArray exported(R::Tab tab, Script script = Script::Name)
     {
-        const QString path = m_state->directory() + QStringLiteral("/export.csv");
+        const QString path = m_state->directory() + u"/export.csv"_s;
         QFile::remove(path);
         tabs()->setCurrentIndex(tab);
         if (script != Script::None)
@@ -64,13 +60,13 @@ class TstReportsScreen : public QObject {
         TransactionRepository *t = m_state->get()->transactions();
         QVERIFY(t->insert(Fixtures::transaction("a", "chk", QDate(2024, 3, 10), "Employer", 300000)));
         Transaction gift = Fixtures::transaction("b", "card", QDate(2024, 4, 8), "Red \"Cross\"", -5000);
-        gift.categoryId = m_state->get()->categories()->getByName(QStringLiteral("Charitable Donations"))->id;
+        gift.categoryId = m_state->get()->categories()->getByName(u"Charitable Donations"_s)->id;
         QVERIFY(t->insert(gift));
         Transaction out = Fixtures::transaction("x1", "chk", QDate(2024, 4, 15), "Transfer to Visa", -10000);
-        out.transferLinkId = QStringLiteral("x2");
+        out.transferLinkId = u"x2"_s;
         Transaction in =
             Fixtures::transaction("x2", "card", QDate(2024, 4, 15), "Transfer from Checking", 10000);
-        in.transferLinkId = QStringLiteral("x1");
+        in.transferLinkId = u"x1"_s;
         QVERIFY(t->insert(out) && t->insert(in));
         m_screen->refresh();
         combo("periodCombo")->setCurrentIndex(kAllTime);
@@ -80,9 +76,7 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_state.reset();
-        m_state.emplace();
-        QVERIFY(m_state->ok());
+        QVERIFY(m_state.emplace().ok());
         m_screen.emplace(m_state->get());
     }
 
@@ -125,9 +119,8 @@ private slots:
     {
         QStringList got;
         for (const auto &p : R::comparisonPresets(QDate(2024, 5, 15)))
-            got << QStringLiteral("%1 %2 %3 %4")
-                       .arg(p.from1.toString(Qt::ISODate), p.to1.toString(Qt::ISODate),
-                            p.from2.toString(Qt::ISODate), p.to2.toString(Qt::ISODate));
+            got << u"%1 %2 %3 %4"_s.arg(p.from1.toString(Qt::ISODate), p.to1.toString(Qt::ISODate),
+                                        p.from2.toString(Qt::ISODate), p.to2.toString(Qt::ISODate));
         QCOMPARE(got, QStringList({"2023-01-01 2023-12-31 2024-01-01 2024-05-15",
                                    "2022-01-01 2022-12-31 2023-01-01 2023-12-31",
                                    "2024-01-01 2024-03-31 2024-04-01 2024-05-15", "   "}));
@@ -138,7 +131,7 @@ private slots:
         addHousehold();
         QCOMPARE(column(R::CategorySpending, 0), QStringList({"Uncategorized", "Charitable Donations"}));
         QCOMPARE(column(R::CategorySpending, 1), QStringList({"-$100.00", "-$50.00"}));
-        QCOMPARE(column(R::PayeeSummary, 2).last(), QStringLiteral("1"));
+        QCOMPARE(column(R::PayeeSummary, 2).last(), u"1"_s);
         QCOMPARE(m_screen->table(R::PayeeSummary)->item(0, 2)->textAlignment(),
                  int(Qt::AlignRight | Qt::AlignVCenter));
         // The transfer is in both cash-flow columns and nowhere in income and expenses.
@@ -146,7 +139,7 @@ private slots:
         QCOMPARE(column(R::IncomeVsExpenses, 2), QStringList({"$0.00", "-$50.00", "-$50.00"}));
         QCOMPARE(column(R::CashFlow, 1), QStringList({"$3,000.00", "$100.00", "$3,100.00"}));
         QCOMPARE(column(R::CashFlow, 2), QStringList({"$0.00", "-$150.00", "-$150.00"}));
-        QCOMPARE(column(R::CashFlow, 3).last(), QStringLiteral("$2,950.00"));
+        QCOMPARE(column(R::CashFlow, 3).last(), u"$2,950.00"_s);
         QVERIFY(m_screen->table(R::CashFlow)->item(2, 3)->font().bold());
         QVERIFY(!m_screen->table(R::CashFlow)->item(1, 3)->font().bold());
         QCOMPARE(column(R::AccountSummary, 1), QStringList({"Checking", "Credit Card"}));
@@ -158,7 +151,7 @@ private slots:
         QCOMPARE(m_screen->table(R::YearOverYear)->rowCount(), 0);
 
         // The account filter leaves the tax report alone, and changing tabs keeps the filters.
-        combo("accountCombo")->setCurrentIndex(combo("accountCombo")->findData(QStringLiteral("chk")));
+        combo("accountCombo")->setCurrentIndex(combo("accountCombo")->findData(u"chk"_s));
         for (int tab = 0; tab < R::TabCount; ++tab)
             tabs()->setCurrentIndex(tab);
         QCOMPARE(combo("periodCombo")->currentIndex(), kAllTime);
@@ -172,9 +165,8 @@ private slots:
         m_screen->show();
         auto *label = child<QLabel>(&*m_screen, "rangeLabel");
         const QDate today = QDate::currentDate(), first(today.year(), today.month(), 1);
-        QCOMPARE(label->text(),
-                 QStringLiteral("%1 – %2").arg(QLocale().toString(first, QLocale::ShortFormat),
-                                               QLocale().toString(today, QLocale::ShortFormat)));
+        QCOMPARE(label->text(), u"%1 – %2"_s.arg(QLocale().toString(first, QLocale::ShortFormat),
+                                                 QLocale().toString(today, QLocale::ShortFormat)));
         QVERIFY(label->isVisible() && !dateEdit("fromEdit")->isVisible());
         combo("periodCombo")->setCurrentIndex(kCustom);
         QVERIFY(!label->isVisible() && dateEdit("fromEdit")->isVisible());
@@ -211,9 +203,8 @@ private slots:
 
         addHousehold();
         const QByteArray payees = exported(R::PayeeSummary);
-        QCOMPARE(Prompt::lastTitle(), QStringLiteral("Export CSV"));
-        QCOMPARE(Prompt::lastText(),
-                 QDir(Prompt::startDirectory()).filePath(QStringLiteral("payee_summary.csv")));
+        QCOMPARE(Prompt::lastTitle(), u"Export CSV"_s);
+        QCOMPARE(Prompt::lastText(), QDir(Prompt::startDirectory()).filePath(u"payee_summary.csv"_s));
         QCOMPARE(
             payees,
             QByteArray("\"Payee\",\"Total\",\"Count\"\n\"Transfer to Visa\",\"-$100.00\",\"1\"\n"
@@ -227,9 +218,8 @@ private slots:
     {
         QVERIFY(m_state->get()->accounts()->insert(Fixtures::account("chk", "Checking")));
         for (int i = 0; i < 300; ++i)
-            QVERIFY(m_state->get()->transactions()->insert(
-                Fixtures::transaction(QString::number(i), "chk", QDate(2024, 1, 1).addDays(i),
-                                      QStringLiteral("Payee %1").arg(i), -i)));
+            QVERIFY(m_state->get()->transactions()->insert(Fixtures::transaction(
+                QString::number(i), "chk", QDate(2024, 1, 1).addDays(i), u"Payee %1"_s.arg(i), -i)));
         m_screen->resize(800, 600);
         m_screen->show();
         QVERIFY(QTest::qWaitForWindowExposed(&*m_screen));
@@ -239,20 +229,19 @@ private slots:
         QTableWidget *table = m_screen->table(R::Transactions);
         QCOMPARE(table->rowCount(), 300);
         QTRY_VERIFY(table->item(0, 0));
-        QCOMPARE(table->item(0, 2)->text(), QStringLiteral("Payee 0"));
+        QCOMPARE(table->item(0, 2)->text(), u"Payee 0"_s);
         QCOMPARE(table->item(0, 5)->textAlignment(), int(Qt::AlignRight | Qt::AlignVCenter));
         QVERIFY(!table->item(299, 0));
         // Unpainted rows export all the same.
         const QList<QByteArray> lines = exported(R::Transactions).split('\n');
-        QCOMPARE(Prompt::lastText(),
-                 QDir(Prompt::startDirectory()).filePath(QStringLiteral("transactions.csv")));
+        QCOMPARE(Prompt::lastText(), QDir(Prompt::startDirectory()).filePath(u"transactions.csv"_s));
         QCOMPARE(lines.size(), 302);
         QCOMPARE(lines[300],
                  "\"" + QLocale().toString(QDate(2024, 1, 1).addDays(299), QLocale::ShortFormat).toUtf8() +
                      "\",\"Checking\",\"Payee 299\",\"\",\"\",\"-$2.99\"");
         table->scrollToBottom();
         QTRY_VERIFY(table->item(299, 0));
-        QCOMPARE(table->item(299, 5)->text(), QStringLiteral("-$2.99"));
+        QCOMPARE(table->item(299, 5)->text(), u"-$2.99"_s);
     }
 
     void staysCurrentOnlyWhileVisible()

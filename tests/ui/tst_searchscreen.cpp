@@ -8,16 +8,13 @@
 #include "support/TempAppState.h"
 #include "ui/register/RegisterModel.h"
 
-#include <QCheckBox>
-#include <QComboBox>
-#include <QDateEdit>
-#include <QLineEdit>
-#include <QSignalSpy>
-#include <QTableView>
-#include <QTest>
+#include <QtTest>
+#include <QtWidgets>
 
 #include <memory>
 #include <optional>
+
+using namespace Qt::StringLiterals;
 
 class TstSearchScreen : public QObject {
     Q_OBJECT
@@ -25,9 +22,7 @@ private slots:
     void init()
     {
         m_screen.reset();
-        m_app.reset();
-        m_app.emplace();
-        QVERIFY(m_app->ok());
+        QVERIFY(m_app.emplace().ok());
         m_state = m_app->get();
         QVERIFY(m_state->accounts()->insert(Fixtures::account("a", "Checking")));
         QVERIFY(m_state->accounts()->insert(Fixtures::account("b", "Savings")));
@@ -51,9 +46,9 @@ private slots:
     {
         QSignalSpy searches(m_screen->model(), &QAbstractItemModel::modelReset);
         auto *edit = child<QLineEdit>(m_screen.get(), "searchEdit");
-        QTest::keyClicks(edit, QStringLiteral("cof"));
+        QTest::keyClicks(edit, u"cof"_s);
         QTest::qWait(100);
-        QTest::keyClicks(edit, QStringLiteral("fee"));
+        QTest::keyClicks(edit, u"fee"_s);
         QCOMPARE(searches.count(), 0);
         QTRY_COMPARE(searches.count(), 1);
         QTest::qWait(400);
@@ -61,7 +56,7 @@ private slots:
         QCOMPARE(payees(), QStringList({"Coffee Cart", "Coffee Roasters"}));
 
         // Text that is no valid query finds nothing, quietly.
-        edit->setText(QStringLiteral("\"unbalanced"));
+        edit->setText(u"\"unbalanced"_s);
         QTRY_COMPARE(searches.count(), 2);
         QCOMPARE(payees(), QStringList());
     }
@@ -73,11 +68,10 @@ private slots:
         QTest::addColumn<bool>("clearedOnly");
         QTest::addColumn<QStringList>("expected");
         QTest::newRow("cleared or not")
-            << "coffee" << QString() << false << QStringList({"Coffee Cart", "Coffee Roasters"});
-        QTest::newRow("cleared only") << "coffee" << QString() << true << QStringList({"Coffee Roasters"});
-        QTest::newRow("one account") << "" << QStringLiteral("b") << false
-                                     << QStringList({"Coffee Cart", "Interest"});
-        QTest::newRow("prefix") << "gro*" << QString() << false << QStringList({"Grocer"});
+            << u"coffee"_s << QString() << false << QStringList({"Coffee Cart", "Coffee Roasters"});
+        QTest::newRow("cleared only") << u"coffee"_s << QString() << true << QStringList({"Coffee Roasters"});
+        QTest::newRow("one account") << u""_s << u"b"_s << false << QStringList({"Coffee Cart", "Interest"});
+        QTest::newRow("prefix") << u"gro*"_s << QString() << false << QStringList({"Grocer"});
     }
 
     void filters()
@@ -117,12 +111,12 @@ private slots:
         QSignalSpy edits(m_screen.get(), &SearchScreen::editTransactionRequested);
         QTableView *view = m_screen->view();
         const QModelIndex first = m_screen->model()->index(1, RegisterModel::Payee);
-        QCOMPARE(m_screen->model()->recordAt(1)->payee, QStringLiteral("Grocer"));
+        QCOMPARE(m_screen->model()->recordAt(1)->payee, u"Grocer"_s);
         const QPoint centre = view->visualRect(first).center();
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, centre);
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, centre);
         QCOMPARE(edits.count(), 1);
-        QCOMPARE(edits.first().first().toString(), QStringLiteral("3"));
+        QCOMPARE(edits.first().first().toString(), u"3"_s);
     }
 
 private:
@@ -136,7 +130,7 @@ private:
             if (const RegisterRow *record = m_screen->model()->recordAt(row))
                 names.append(record->payee);
             else
-                names.append(QStringLiteral("<entry row shown>"));
+                names.append(u"<entry row shown>"_s);
         }
         return names;
     }
