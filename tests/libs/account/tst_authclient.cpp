@@ -1,17 +1,12 @@
-#include "account/ApiClient.h"
 #include "account/AuthClient.h"
-#include "account/TokenManager.h"
+#include "support/AccountStack.h"
 #include "support/Jwt.h"
-#include "support/MemoryTokenStore.h"
-#include "support/ScriptedServer.h"
 
 #include <QDesktopServices>
-#include <QJsonDocument>
 #include <QSignalSpy>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <QTest>
-#include <QUrlQuery>
 
 using namespace HalcAccount;
 
@@ -39,204 +34,166 @@ public slots:
 class TstAuthClient : public QObject {
     Q_OBJECT
 private slots:
-    void init();
-    void cleanup();
-    void login_data();
-    void login();
-    void initialize_data();
-    void initialize();
-    void logoutWithNetworkDown();
-    void refreshFailureSignsOut();
-    void userCalls();
+    void init()
+    {
+        m = std::make_unique<AccountStack>();
+        m_auth = std::make_unique<AuthClient>("http://127.0.0.1:9/auth", "halcyra", "client&1", &m->api,
+                                              &m->tokens);
+        QDesktopServices::setUrlHandler("http", &m_browser, "open");
+    }
+
+    void cleanup()
+    {
+        QDesktopServices::unsetUrlHandler("http");
+        m_auth.reset();
+    }
+
+    void login_data()
+    {
+        const QByteArray access = jwt(600).toUtf8();
+        QTest::addColumn<QByteArray>("target");
+        QTest::addColumn<QString>("error");
+        QTest::addColumn<QString>("storedAccess");
+        // clang-format off
+        QTest::newRow("tokens in the query")    << "/callback?access_token=" + access + "&refresh_token=r1" << "" << QString(access);
+        QTest::newRow("tokens in the fragment") << "/callback#access_token=" + access + "&refresh_token=r1" << "" << QString(access);
+        QTest::newRow("favicon first")          << QByteArray("/favicon.ico")          << "No tokens received" << "";
+        QTest::newRow("no refresh token")       << "/callback?access_token=" + access  << "No tokens received" << "";
+        // clang-format on
+    }
+
+    void login()
+    {
+        QFETCH(QByteArray, target);
+        QFETCH(QString, error);
+        m_browser.target = target;
+        m_browser.page.clear();
+        m_auth->initialize();
+        QSignalSpy succeeded(m_auth.get(), &AuthClient::loginSucceeded);
+        QSignalSpy failed(m_auth.get(), &AuthClient::loginFailed);
+        m_auth->login();
+        QTRY_COMPARE_WITH_TIMEOUT(succeeded.size() + failed.size(), 1, 5000);
+        // The page is the same whatever came back.
+        QTRY_VERIFY_WITH_TIMEOUT(m_browser.page.contains("Authentication complete!"), 5000);
+        const QString redirect =
+            QUrlQuery(m_browser.opened).queryItemValue("redirect_uri", QUrl::FullyDecoded);
+        QCOMPARE(m_browser.opened.toString(QUrl::FullyEncoded),
+                 "http://127.0.0.1:9/auth/halcyra/account/login?client_id=client%261&redirect_uri=" +
+                     QString::fromLatin1(QUrl::toPercentEncoding(redirect)));
+        QVERIFY(redirect.startsWith("http://localhost:") && redirect.endsWith("/callback"));
+        QCOMPARE(failed.isEmpty() ? QString() : failed.first().first().toString(), error);
+        QCOMPARE(m_auth->state(), error.isEmpty() ? AuthState::SignedIn : AuthState::SignedOut);
+        QTEST(m->stored.value(kAccessTokenKey), "storedAccess");
+        QVERIFY(m->server.requests().isEmpty());
+    }
+
+    void initialize_data()
+    {
+        QTest::addColumn<int>("accessExpiresIn"); // 0: no access token stored
+        QTest::addColumn<QString>("refreshToken");
+        QTest::addColumn<int>("refreshStatus"); // 0: the server is not asked
+        QTest::addColumn<AuthState>("state");
+        QTest::newRow("usable token") << 600 << "r1" << 0 << AuthState::SignedIn;
+        QTest::newRow("stale, refresh works") << -60 << "r1" << 200 << AuthState::SignedIn;
+        QTest::newRow("stale, refresh fails") << -60 << "r1" << 401 << AuthState::SignedOut;
+        QTest::newRow("refresh token only") << 0 << "r1" << 200 << AuthState::SignedIn;
+        QTest::newRow("nothing stored") << 0 << "" << 0 << AuthState::SignedOut;
+    }
+
+    void initialize()
+    {
+        QFETCH(int, accessExpiresIn);
+        QFETCH(QString, refreshToken);
+        QFETCH(int, refreshStatus);
+        if (accessExpiresIn)
+            m->stored.insert(kAccessTokenKey, jwt(accessExpiresIn));
+        if (!refreshToken.isEmpty())
+            m->stored.insert(kRefreshTokenKey, refreshToken);
+        ScriptedReply reply = AccountStack::tokenReply(jwt(900));
+        reply.status = refreshStatus;
+        if (refreshStatus)
+            m->server.enqueue(reply);
+        QSignalSpy changed(m_auth.get(), &AuthClient::stateChanged);
+        m_auth->initialize();
+        QTRY_COMPARE_WITH_TIMEOUT(changed.size(), 1, 5000);
+        QTEST(m_auth->state(), "state");
+        QCOMPARE(m->server.requests().size(), refreshStatus ? 1 : 0);
+        if (refreshStatus) {
+            const RecordedRequest r = m->server.requests().first();
+            QCOMPARE(r.path, QStringLiteral("/auth/token/refresh"));
+            QCOMPARE(r.header("authorization"), QByteArray());
+            QCOMPARE(r.body, QByteArray(R"({"refresh_token":"r1"})"));
+        }
+        // A failed refresh at start does not throw the stored session away.
+        QCOMPARE(m->stored.value(kRefreshTokenKey),
+                 refreshStatus == 200 ? QStringLiteral("r2") : refreshToken);
+    }
+
+    // Signing out, and a refresh the server refuses, both forget the session here, with or without
+    // the network.
+    void signOut_data()
+    {
+        QTest::addColumn<bool>("logout");
+        QTest::newRow("logout, network down") << true;
+        QTest::newRow("refresh refused") << false;
+    }
+
+    void signOut()
+    {
+        QFETCH(bool, logout);
+        m->storeSession(jwt(600));
+        m_auth->initialize();
+        QCOMPARE(m_auth->state(), AuthState::SignedIn);
+        QSignalSpy completed(m_auth.get(), &AuthClient::logoutCompleted);
+        std::optional<bool> refreshed;
+        if (logout) {
+            QTcpServer closed;
+            QVERIFY(closed.listen(QHostAddress::LocalHost));
+            m->api.setBaseUrl(QUrl(QStringLiteral("http://127.0.0.1:%1").arg(closed.serverPort())));
+            closed.close();
+            m_auth->logout();
+            QCOMPARE(completed.size(), 1);
+        } else {
+            m->server.enqueue({400, "{}"});
+            m_auth->refreshToken([&](bool ok) { refreshed = ok; });
+            QTRY_VERIFY_WITH_TIMEOUT(refreshed.has_value(), 5000);
+            QVERIFY(!*refreshed);
+        }
+        QCOMPARE(m_auth->state(), AuthState::SignedOut);
+        QVERIFY(m->stored.isEmpty());
+    }
+
+    void userCalls()
+    {
+        m->storeSession(jwt(600));
+        m_auth->initialize();
+        m->server.enqueue("/users/me", {200, R"({"id":"u1","email":"a@b.c","display_name":"Ann",)"
+                                             R"("created_at":"2024-05-01T10:00:00Z"})"});
+        m->server.enqueue("/users/me", {500, "{}"});
+        m->server.enqueue(
+            "/users/me/sessions",
+            {200, R"({"sessions":[{"id":"s1","is_current":true},{"id":"s2","ip_address":"10.0.0.1"}]})"});
+        QList<User> users;
+        QList<Session> sessions;
+        m_auth->fetchCurrentUser([&users](const User &user) { users.append(user); });
+        QTRY_COMPARE_WITH_TIMEOUT(users.size(), 1, 5000);
+        m_auth->fetchCurrentUser([&users](const User &user) { users.append(user); });
+        m_auth->listSessions([&sessions](const QList<Session> &list) { sessions = list; });
+        QTRY_VERIFY_WITH_TIMEOUT(users.size() == 2 && !sessions.isEmpty(), 5000);
+        QCOMPARE(users[0].displayName, QStringLiteral("Ann"));
+        QCOMPARE(users[0].createdAt, QDateTime(QDate(2024, 5, 1), QTime(10, 0), Qt::UTC));
+        // A failed call hands on the user as last known.
+        QCOMPARE(users[1].email, QStringLiteral("a@b.c"));
+        QCOMPARE(sessions.size(), 2);
+        QVERIFY(sessions[0].isCurrent && !sessions[1].isCurrent);
+        QCOMPARE(sessions[1].ipAddress, QStringLiteral("10.0.0.1"));
+    }
 
 private:
-    QHash<QString, QString> m_stored;
-    std::unique_ptr<ScriptedServer> m_server;
-    std::unique_ptr<TokenManager> m_tokens;
-    std::unique_ptr<ApiClient> m_api;
+    std::unique_ptr<AccountStack> m;
     std::unique_ptr<AuthClient> m_auth;
     Browser m_browser;
 };
-
-void TstAuthClient::init()
-{
-    m_stored.clear();
-    m_server = std::make_unique<ScriptedServer>();
-    QVERIFY(m_server->listen());
-    m_tokens = std::make_unique<TokenManager>(std::make_unique<MemoryTokenStore>(&m_stored));
-    m_api = std::make_unique<ApiClient>(m_tokens.get());
-    m_api->setBaseUrl(m_server->baseUrl());
-    m_auth =
-        std::make_unique<AuthClient>(QStringLiteral("http://127.0.0.1:9/auth"), QStringLiteral("halcyra"),
-                                     QStringLiteral("client&1"), m_api.get(), m_tokens.get());
-    QDesktopServices::setUrlHandler(QStringLiteral("http"), &m_browser, "open");
-}
-
-void TstAuthClient::cleanup()
-{
-    QDesktopServices::unsetUrlHandler(QStringLiteral("http"));
-    m_auth.reset();
-}
-
-void TstAuthClient::login_data()
-{
-    const QString access = jwt(600);
-    QTest::addColumn<QByteArray>("target");
-    QTest::addColumn<QString>("error");
-    QTest::addColumn<QString>("storedAccess");
-    QTest::newRow("tokens in the query") << "/callback?access_token=" + access.toUtf8() + "&refresh_token=r1"
-                                         << "" << access;
-    QTest::newRow("tokens in the fragment")
-        << "/callback#access_token=" + access.toUtf8() + "&refresh_token=r1"
-        << "" << access;
-    QTest::newRow("favicon first") << QByteArray("/favicon.ico") << "No tokens received"
-                                   << "";
-    QTest::newRow("no refresh token") << "/callback?access_token=" + access.toUtf8() << "No tokens received"
-                                      << "";
-}
-
-void TstAuthClient::login()
-{
-    QFETCH(QByteArray, target);
-    QFETCH(QString, error);
-    QFETCH(QString, storedAccess);
-    m_browser.target = target;
-    m_browser.page.clear();
-    m_auth->initialize();
-    QSignalSpy succeeded(m_auth.get(), &AuthClient::loginSucceeded);
-    QSignalSpy failed(m_auth.get(), &AuthClient::loginFailed);
-    m_auth->login();
-    QTRY_COMPARE_WITH_TIMEOUT(succeeded.size() + failed.size(), 1, 5000);
-
-    // The page is the same whatever came back.
-    QTRY_VERIFY_WITH_TIMEOUT(m_browser.page.contains("Authentication complete!"), 5000);
-    const QString redirect = QUrlQuery(m_browser.opened).queryItemValue("redirect_uri", QUrl::FullyDecoded);
-    QCOMPARE(
-        m_browser.opened.toString(QUrl::FullyEncoded),
-        QStringLiteral("http://127.0.0.1:9/auth/halcyra/account/login?client_id=client%261&redirect_uri=") +
-            QString::fromLatin1(QUrl::toPercentEncoding(redirect)));
-    QVERIFY(redirect.startsWith("http://localhost:") && redirect.endsWith("/callback"));
-
-    QCOMPARE(failed.isEmpty() ? QString() : failed.first().first().toString(), error);
-    QCOMPARE(m_auth->state(), error.isEmpty() ? AuthState::SignedIn : AuthState::SignedOut);
-    QCOMPARE(m_stored.value(kAccessTokenKey), storedAccess);
-    QVERIFY(m_server->requests().isEmpty());
-}
-
-void TstAuthClient::initialize_data()
-{
-    QTest::addColumn<int>("accessExpiresIn"); // 0: no access token stored
-    QTest::addColumn<QString>("refreshToken");
-    QTest::addColumn<int>("refreshStatus"); // 0: the server is not asked
-    QTest::addColumn<AuthState>("state");
-    QTest::newRow("usable token") << 600 << "r1" << 0 << AuthState::SignedIn;
-    QTest::newRow("stale, refresh works") << -60 << "r1" << 200 << AuthState::SignedIn;
-    QTest::newRow("stale, refresh fails") << -60 << "r1" << 401 << AuthState::SignedOut;
-    QTest::newRow("refresh token only") << 0 << "r1" << 200 << AuthState::SignedIn;
-    QTest::newRow("nothing stored") << 0 << "" << 0 << AuthState::SignedOut;
-}
-
-void TstAuthClient::initialize()
-{
-    QFETCH(int, accessExpiresIn);
-    QFETCH(QString, refreshToken);
-    QFETCH(int, refreshStatus);
-    QFETCH(AuthState, state);
-    if (accessExpiresIn)
-        m_stored.insert(kAccessTokenKey, jwt(accessExpiresIn));
-    if (!refreshToken.isEmpty())
-        m_stored.insert(kRefreshTokenKey, refreshToken);
-    const QString fresh = jwt(900);
-    if (refreshStatus)
-        m_server->enqueue({
-            refreshStatus,
-            QJsonDocument(QJsonObject{{"access_token", fresh}, {"refresh_token", "r2"}}
-            ).toJson()
-        });
-    QSignalSpy changed(m_auth.get(), &AuthClient::stateChanged);
-    m_auth->initialize();
-    QTRY_COMPARE_WITH_TIMEOUT(changed.size(), 1, 5000);
-    QCOMPARE(m_auth->state(), state);
-    QCOMPARE(m_server->requests().size(), refreshStatus ? 1 : 0);
-    if (refreshStatus) {
-        const RecordedRequest r = m_server->requests().first();
-        QCOMPARE(r.path, QStringLiteral("/auth/token/refresh"));
-        QCOMPARE(r.header("authorization"), QByteArray());
-        QCOMPARE(r.body, QByteArray(R"({"refresh_token":"r1"})"));
-    }
-    // A failed refresh at start does not throw the stored session away.
-    QCOMPARE(m_stored.value(kRefreshTokenKey), refreshStatus == 200 ? QStringLiteral("r2") : refreshToken);
-}
-
-void TstAuthClient::logoutWithNetworkDown()
-{
-    QTcpServer closed;
-    QVERIFY(closed.listen(QHostAddress::LocalHost));
-    m_api->setBaseUrl(QUrl(QStringLiteral("http://127.0.0.1:%1").arg(closed.serverPort())));
-    closed.close();
-    m_stored = {
-        {kAccessTokenKey,  jwt(600)            },
-        {kRefreshTokenKey, QStringLiteral("r1")}
-    };
-    m_auth->initialize();
-    QCOMPARE(m_auth->state(), AuthState::SignedIn);
-    QSignalSpy completed(m_auth.get(), &AuthClient::logoutCompleted);
-    m_auth->logout();
-    QCOMPARE(completed.size(), 1);
-    QCOMPARE(m_auth->state(), AuthState::SignedOut);
-    QVERIFY(m_stored.isEmpty());
-}
-
-void TstAuthClient::refreshFailureSignsOut()
-{
-    m_stored = {
-        {kAccessTokenKey,  jwt(600)            },
-        {kRefreshTokenKey, QStringLiteral("r1")}
-    };
-    m_auth->initialize();
-    m_server->enqueue({400, "{}"});
-    bool result = true;
-    bool called = false;
-    m_auth->refreshToken([&](bool ok) {
-        result = ok;
-        called = true;
-    });
-    QTRY_VERIFY_WITH_TIMEOUT(called, 5000);
-    QVERIFY(!result);
-    QCOMPARE(m_auth->state(), AuthState::SignedOut);
-    QVERIFY(m_stored.isEmpty());
-}
-
-void TstAuthClient::userCalls()
-{
-    m_stored = {
-        {kAccessTokenKey,  jwt(600)            },
-        {kRefreshTokenKey, QStringLiteral("r1")}
-    };
-    m_auth->initialize();
-    m_server->enqueue(
-        QStringLiteral("/users/me"),
-        {200, R"({"id":"u1","email":"a@b.c","display_name":"Ann","created_at":"2024-05-01T10:00:00Z"})"});
-    m_server->enqueue(QStringLiteral("/users/me"), {500, "{}"});
-    m_server->enqueue(
-        QStringLiteral("/users/me/sessions"),
-        {200, R"({"sessions":[{"id":"s1","is_current":true},{"id":"s2","ip_address":"10.0.0.1"}]})"});
-    QList<User> users;
-    QList<Session> sessions;
-    m_auth->fetchCurrentUser([&users](const User &user) { users.append(user); });
-    QTRY_COMPARE_WITH_TIMEOUT(users.size(), 1, 5000);
-    m_auth->fetchCurrentUser([&users](const User &user) { users.append(user); });
-    m_auth->listSessions([&sessions](const QList<Session> &list) { sessions = list; });
-    QTRY_VERIFY_WITH_TIMEOUT(users.size() == 2 && !sessions.isEmpty(), 5000);
-
-    QCOMPARE(users[0].displayName, QStringLiteral("Ann"));
-    QCOMPARE(users[0].createdAt, QDateTime(QDate(2024, 5, 1), QTime(10, 0), Qt::UTC));
-    // A failed call hands on the user as last known.
-    QCOMPARE(users[1].email, QStringLiteral("a@b.c"));
-    QCOMPARE(sessions.size(), 2);
-    QVERIFY(sessions[0].isCurrent && !sessions[1].isCurrent);
-    QCOMPARE(sessions[1].ipAddress, QStringLiteral("10.0.0.1"));
-}
 
 QTEST_MAIN(TstAuthClient)
 #include "tst_authclient.moc"
