@@ -177,27 +177,14 @@ private slots:
         QCOMPARE(status(listed) + status(elsewhere), 401 + 200);
         const TestUser &other = status(listed) == 200 ? listed : elsewhere;
 
-        const QString password = kApi + "/users/me/password";
-        QCOMPARE(
-            server
-                .post(password,
-                      TestServer::json(R"({"current_password":"wrong one","new_password":"new password"})"),
-                      here.accessToken)
-                .status,
-            403);
-        QCOMPARE(server
-                     .post(password,
-                           TestServer::json(R"({"current_password":"correct horse","new_password":"short"})"),
-                           here.accessToken)
-                     .status,
-                 400);
-        QCOMPARE(server
-                     .post(password,
-                           TestServer::json(
-                               R"({"current_password":"correct horse","new_password":"new password"})"),
-                           here.accessToken)
-                     .status,
-                 204);
+        const auto changePassword = [&](const QString &current, const QString &next) {
+            const QString body =
+                QStringLiteral(R"({"current_password":"%1","new_password":"%2"})").arg(current, next);
+            return server.post(kApi + "/users/me/password", TestServer::json(body), here.accessToken).status;
+        };
+        QCOMPARE(changePassword("wrong one", "new password"), 403);
+        QCOMPARE(changePassword("correct horse", "short"), 400);
+        QCOMPARE(changePassword("correct horse", "new password"), 204);
         QCOMPARE(status(here), 200);
         QCOMPARE(status(other), 401);
         QVERIFY(server.signIn("ann@example.org").id.isEmpty());
