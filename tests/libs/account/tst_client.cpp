@@ -34,14 +34,6 @@ private slots:
         SecretServiceTokenStore(QStringLiteral("com.halcyra.ombrel")).clear();
     }
 
-    ClientConfig TstClient::config() const
-    {
-        const QString base = m_server.baseUrl().toString();
-        return {
-            base + "/auth", "halcyra", base + "/account/v1", "client", "com.halcyra.ombrel", "Halcyra Ombrel",
-            "1.0.9",        "",        base + "/portal"};
-    }
-
     void platformName_data()
     {
         QTest::addColumn<QString>("configured");
@@ -103,7 +95,13 @@ private slots:
     }
 
 private:
-    ClientConfig config() const;
+    ClientConfig config() const
+    {
+        const QString base = m_server.baseUrl().toString();
+        return {
+            base + "/auth", "halcyra", base + "/account/v1", "client", "com.halcyra.ombrel", "Halcyra Ombrel",
+            "1.0.9",        "",        base + "/portal"};
+    }
 
     ScriptedServer m_server;
     QList<QUrl> m_opened;
