@@ -236,13 +236,9 @@ private slots:
         QVERIFY(m_server->start());
         QVERIFY(!user("ann").id.isEmpty() && !user("bob").id.isEmpty());
         const auto attempt = [&](const QString &email, const QString &password) {
-            return m_server
-                ->postForm("login",
-                           {
-                               {"email",    email   },
-                               {"password", password}
-            })
-                .status;
+            // clang-format off
+            return m_server->postForm("login", {{"email", email}, {"password", password}}).status;
+            // clang-format on
         };
         for (int i = 0; i < 3; ++i)
             QCOMPARE(attempt("ann@example.org", QStringLiteral("guess %1").arg(i)), 401);
@@ -440,14 +436,9 @@ private slots:
         for (const QString account : {"joint", "private"}) {
             const QString path = "/ombrel/v1/accounts/" + account;
             QCOMPARE(m_server->get(path + "/members", actor.accessToken).status, 404);
-            QCOMPARE(m_server
-                         ->post(path + "/share",
-                                {
-                                    {"user_id", actor.id}
-            },
-                                actor.accessToken)
-                         .status,
-                     404);
+            // clang-format off
+            QCOMPARE(m_server->post(path + "/share", {{"user_id", actor.id}}, actor.accessToken).status, 404);
+            // clang-format on
             QCOMPARE(m_server->del(path + "/share/" + user("bob").id, actor.accessToken).status, 404);
         }
         // Guessed ids in every kind of change: refused, or kept as the actor's own rows; never Ann's.
@@ -711,14 +702,9 @@ private:
         QCOMPARE(m_server->push(user("ann"), rows).size(), rows.size());
         const QString token = user("ann").accessToken;
         for (const char *member : {"bob", "dan"})
-            QCOMPARE(m_server
-                         ->post("/ombrel/v1/accounts/joint/share",
-                                {
-                                    {"user_id", user(member).id}
-            },
-                                token)
-                         .status,
-                     200);
+            // clang-format off
+            QCOMPARE(m_server->post("/ombrel/v1/accounts/joint/share", {{"user_id", user(member).id}}, token).status, 200);
+        // clang-format on
         QCOMPARE(m_server->del("/ombrel/v1/accounts/joint/share/" + user("dan").id, token).status, 204);
     }
 

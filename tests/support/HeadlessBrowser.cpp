@@ -30,23 +30,17 @@ HeadlessBrowser::~HeadlessBrowser()
 
 bool HeadlessBrowser::start(QString *whyNot)
 {
-    QString program = QStandardPaths::findExecutable(QStringLiteral("chromium"));
-    if (program.isEmpty())
-        program = QStandardPaths::findExecutable(QStringLiteral("chromium-browser"));
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("chromium"));
     if (program.isEmpty()) {
         *whyNot = QStringLiteral("chromium is not installed (scripts/install-deps installs it)");
         return false;
     }
-    QStringList arguments{"--headless",
-                          "--disable-background-networking",
-                          "--no-first-run",
-                          "--disable-component-update",
-                          "--disable-sync",
-                          "--disable-gpu",
-                          "--remote-debugging-address=127.0.0.1",
-                          "--remote-debugging-port=0",
-                          "--user-data-dir=" + m_profile.filePath(QStringLiteral("profile")),
-                          "about:blank"};
+    // clang-format off
+    QStringList arguments{"--headless", "--disable-background-networking", "--no-first-run",
+                          "--disable-component-update", "--disable-sync", "--disable-gpu",
+                          "--remote-debugging-address=127.0.0.1", "--remote-debugging-port=0",
+                          "--user-data-dir=" + m_profile.filePath(QStringLiteral("profile")), "about:blank"};
+    // clang-format on
     if (::geteuid() == 0)
         arguments.prepend(QStringLiteral("--no-sandbox")); // the sandbox refuses to run as root
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
@@ -79,11 +73,9 @@ std::optional<QJsonObject> HeadlessBrowser::call(const QString &method, const QJ
                                                  const QString &session)
 {
     const int id = m_nextId++;
-    QJsonObject message{
-        {"id",     id    },
-        {"method", method},
-        {"params", params}
-    };
+    // clang-format off
+    QJsonObject message{{"id", id}, {"method", method}, {"params", params}};
+    // clang-format on
     if (!session.isEmpty())
         message.insert(QStringLiteral("sessionId"), session);
     m_socket.sendTextMessage(QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact)));
@@ -97,31 +89,23 @@ std::optional<QJsonObject> HeadlessBrowser::call(const QString &method, const QJ
     return answer.value(QLatin1String("result")).toObject();
 }
 
+// clang-format off
 QString HeadlessBrowser::openTab(const QUrl &url)
 {
-    const auto target =
-        call(QStringLiteral("Target.createTarget"), {
-                                                        {"url", url.toString(QUrl::FullyEncoded)}
-    });
+    const auto target = call(QStringLiteral("Target.createTarget"), {{"url", url.toString(QUrl::FullyEncoded)}});
     const auto attached = target ? call(QStringLiteral("Target.attachToTarget"),
-                                        {
-                                            {"targetId", target->value("targetId")},
-                                            {"flatten",  true                     }
-    })
+                                        {{"targetId", target->value("targetId")}, {"flatten", true}})
                                  : std::nullopt;
     return attached ? attached->value(QLatin1String("sessionId")).toString() : QString();
 }
 
 QString HeadlessBrowser::evaluate(const QString &session, const QString &expression)
 {
-    const auto result = call(QStringLiteral("Runtime.evaluate"),
-                             {
-                                 {"expression",    expression},
-                                 {"returnByValue", true      }
-    },
-                             session);
+    const auto result =
+        call(QStringLiteral("Runtime.evaluate"), {{"expression", expression}, {"returnByValue", true}}, session);
     return result ? result->value("result")["value"].toVariant().toString() : QString();
 }
+// clang-format on
 
 bool HeadlessBrowser::waitForPage(const QString &session, const QString &part)
 {

@@ -231,14 +231,11 @@ private slots:
     void devicesAndSessions()
     {
         const ServerUser alice = m_server->signUp(QStringLiteral("alice@example.test"));
+        // clang-format off
         m_server->call("POST", "/account/v1/devices/register", alice,
-                       {
-                           {"device_name",        "Kitchen PC"                      },
-                           {"platform",           "Windows"                         },
-                           {"app_id",             "com.halcyra.ombrel"              },
-                           {"app_version",        "1.2.0"                           },
-                           {"device_fingerprint", "0123456789abcdef0123456789abcdef"}
-        });
+                       {{"device_name", "Kitchen PC"}, {"platform", "Windows"}, {"app_id", "com.halcyra.ombrel"},
+                        {"app_version", "1.2.0"}, {"device_fingerprint", "0123456789abcdef0123456789abcdef"}});
+        // clang-format on
         AccountScreen screen(m_server->clientFor(alice));
         screen.setCurrentTab(Tab::Devices);
         QTRY_VERIFY_WITH_TIMEOUT(labelText(currentPage(screen)).contains("<b>Kitchen PC</b>"), kWait);
