@@ -1,4 +1,5 @@
 #include "server/Jwt.h"
+#include "support/Columns.h"
 #include "support/TestServer.h"
 
 #include <QCryptographicHash>
@@ -67,9 +68,7 @@ private slots:
 
     void signInRedirect_data()
     {
-        QTest::addColumn<QString>("clientId");
-        QTest::addColumn<QString>("redirectUri");
-        QTest::addColumn<bool>("accepted");
+        addColumns<QString, QString, bool>({"clientId", "redirectUri", "accepted"});
         const QString client = QStringLiteral("0123456789abcdef0123456789abcdef");
         // clang-format off
         QTest::newRow("localhost")       << client << "http://localhost:19876/callback" << true;
@@ -137,9 +136,7 @@ private slots:
 
     void accessTokenChecks_data()
     {
-        QTest::addColumn<qint64>("expiresIn");
-        QTest::addColumn<bool>("ownKey");
-        QTest::addColumn<int>("status");
+        addColumns<qint64, bool, int>({"expiresIn", "ownKey", "status"});
         QTest::newRow("good") << qint64(60) << true << 200;
         QTest::newRow("expired") << qint64(-1) << true << 401;
         QTest::newRow("other key") << qint64(60) << false << 401;
@@ -273,9 +270,8 @@ private slots:
 
     void joining_data()
     {
-        QTest::addColumn<QString>("invitedEmail");
-        QTest::addColumn<QString>("tamper"); // a statement run on the invitation before joining
-        QTest::addColumn<int>("status");
+        // tamper: a statement run on the invitation before joining
+        addColumns<QString, QString, int>({"invitedEmail", "tamper", "status"});
         // clang-format off
         QTest::newRow("code")                   << QString()          << QString() << 200;
         QTest::newRow("e-mail of the joiner")   << "CLEO@example.org" << QString() << 200;
@@ -455,8 +451,7 @@ private slots:
 
     void versionRule_data()
     {
-        QTest::addColumn<qint64>("pushed");
-        QTest::addColumn<bool>("stored");
+        addColumns<qint64, bool>({"pushed", "stored"});
         QTest::newRow("older") << qint64(2) << false;
         QTest::newRow("same") << qint64(3) << true;
         QTest::newRow("newer") << qint64(4) << true;
@@ -569,10 +564,7 @@ private slots:
     // Bad input is refused, whole or change by change, and loses nothing already stored.
     void badInput_data()
     {
-        QTest::addColumn<QByteArray>("method");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<int>("status");
+        addColumns<QByteArray, QString, QByteArray, int>({"method", "path", "body", "status"});
         const QString push = QStringLiteral("/ombrel/v1/sync/push");
         const QByteArray big = "{\"changes\": [\"" + QByteArray(10 * 1024 * 1024, 'x') + "\"]}";
         // One bad change before a good one in a push the server takes.

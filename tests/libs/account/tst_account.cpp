@@ -3,6 +3,7 @@
 #include "account/DeviceIdentity.h"
 #include "account/WebAuthHandler.h"
 #include "support/AccountStack.h"
+#include "support/Columns.h"
 #include "support/Jwt.h"
 
 #include <QDesktopServices>
@@ -88,10 +89,8 @@ private slots:
 
     void tokenUsability_data()
     {
-        QTest::addColumn<QByteArray>("payload"); // NOW: the current second
-        QTest::addColumn<QString>("refreshToken");
-        QTest::addColumn<bool>("usable");
-        QTest::addColumn<bool>("needsRefresh");
+        // payload: NOW: the current second
+        addColumns<QByteArray, QString, bool, bool>({"payload", "refreshToken", "usable", "needsRefresh"});
         // clang-format off
         QTest::newRow("31 s left")          << QByteArray(R"({"exp":NOW+31})")      << "r" << true  << false;
         QTest::newRow("30 s left")          << QByteArray(R"({"exp":NOW+30})")      << "r" << false << true;
@@ -128,9 +127,7 @@ private slots:
 
     void claims_data()
     {
-        QTest::addColumn<QString>("token");
-        QTest::addColumn<QString>("groupId");
-        QTest::addColumn<QString>("role");
+        addColumns<QString, QString, QString>({"token", "groupId", "role"});
         // clang-format off
         QTest::newRow("claims")                      << jwt(600, "g1", "owner")   << "g1" << "owner";
         QTest::newRow("expired token still decodes") << jwt(-600, "g2", "member") << "g2" << "member";
@@ -150,8 +147,7 @@ private slots:
 
     void refreshHandOut_data()
     {
-        QTest::addColumn<bool>("serverAgrees");
-        QTest::addColumn<bool>("signOutMeanwhile");
+        addColumns<bool, bool>({"serverAgrees", "signOutMeanwhile"});
         QTest::newRow("success") << true << false;
         QTest::newRow("failure") << false << false;
         // A sign-out during the refresh cannot stop it: the new pair is stored again.
@@ -212,10 +208,8 @@ private slots:
 
     void replies_data()
     {
-        QTest::addColumn<int>("status"); // 0: nothing listens
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<bool>("success");
-        QTest::addColumn<QByteArray>("json");
+        // status: 0: nothing listens
+        addColumns<int, QByteArray, bool, QByteArray>({"status", "body", "success", "json"});
         // clang-format off
         QTest::newRow("204 without body")     << 204 << QByteArray()               << true  << QByteArray("{}");
         QTest::newRow("top-level array")      << 200 << QByteArray("[1,2]")        << true  << QByteArray("{}");
@@ -254,11 +248,8 @@ private slots:
 
     void requestShape_data()
     {
-        QTest::addColumn<QString>("basePath");
-        QTest::addColumn<QString>("verb");
-        QTest::addColumn<QJsonObject>("body");
-        QTest::addColumn<QString>("path");
-        QTest::addColumn<QByteArray>("sentBody");
+        addColumns<QString, QString, QJsonObject, QString, QByteArray>(
+            {"basePath", "verb", "body", "path", "sentBody"});
         const QJsonObject name{
             {"display_name", "Zo\u00eb"}
         };
@@ -307,13 +298,11 @@ private slots:
 
     void refreshAndRetry_data()
     {
-        QTest::addColumn<bool>("stale");
-        QTest::addColumn<QString>("refreshToken");
-        QTest::addColumn<QList<int>>("statuses"); // what /items answers, in turn
-        QTest::addColumn<int>("refreshStatus");   // 0: the refresh is never asked for
-        QTest::addColumn<int>("status");
-        QTest::addColumn<int>("authRequired");
-        QTest::addColumn<QStringList>("requests"); // path and token: "old", "new" or "-"
+        // statuses: what /items answers, in turn
+        // refreshStatus: 0: the refresh is never asked for
+        // requests: path and token: "old", "new" or "-"
+        addColumns<bool, QString, QList<int>, int, int, int, QStringList>(
+            {"stale", "refreshToken", "statuses", "refreshStatus", "status", "authRequired", "requests"});
         const QString items = QStringLiteral("/items ");
         const QString refresh = QStringLiteral("/auth/token/refresh -");
         // clang-format off
@@ -409,9 +398,7 @@ private slots:
     void login_data()
     {
         const QByteArray access = jwt(600).toUtf8();
-        QTest::addColumn<QByteArray>("target");
-        QTest::addColumn<QString>("error");
-        QTest::addColumn<QString>("storedAccess");
+        addColumns<QByteArray, QString, QString>({"target", "error", "storedAccess"});
         // clang-format off
         QTest::newRow("tokens in the query")    << "/callback?access_token=" + QByteArray(access).replace('.', "%2E") + "&refresh_token=r1" << "" << QString(access);
         QTest::newRow("tokens in the fragment") << "/callback#access_token=" + access + "&refresh_token=r1" << "" << QString(access);
@@ -458,10 +445,10 @@ private slots:
 
     void initialize_data()
     {
-        QTest::addColumn<int>("accessExpiresIn"); // 0: no access token stored
-        QTest::addColumn<QString>("refreshToken");
-        QTest::addColumn<int>("refreshStatus"); // 0: the server is not asked
-        QTest::addColumn<AuthState>("state");
+        // accessExpiresIn: 0: no access token stored
+        // refreshStatus: 0: the server is not asked
+        addColumns<int, QString, int, AuthState>(
+            {"accessExpiresIn", "refreshToken", "refreshStatus", "state"});
         QTest::newRow("usable token") << 600 << "r1" << 0 << AuthState::SignedIn;
         QTest::newRow("stale, refresh works") << -60 << "r1" << 200 << AuthState::SignedIn;
         QTest::newRow("stale, refresh fails") << -60 << "r1" << 401 << AuthState::SignedOut;
@@ -580,11 +567,8 @@ private slots:
 
     void profile_data()
     {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QByteArray>("body");
-        QTest::addColumn<QString>("email");
-        QTest::addColumn<QString>("groupName");
-        QTest::addColumn<int>("memberCount");
+        addColumns<int, QByteArray, QString, QString, int>(
+            {"status", "body", "email", "groupName", "memberCount"});
         const QByteArray full = R"({"email":"a@b.c","group":{"id":"g","name":"Home","member_count":3}})";
         // clang-format off
         QTest::newRow("with group") << 200 << full                            << "a@b.c" << "Home" << 3;
@@ -609,8 +593,7 @@ private slots:
 
     void membership_data()
     {
-        QTest::addColumn<int>("status");
-        QTest::addColumn<QStringList>("paths");
+        addColumns<int, QStringList>({"status", "paths"});
         const QString join = QStringLiteral("/account/v1/group/join/XY 12");
         QTest::newRow("joined") << 200 << QStringList{join, "/auth/auth/token/refresh"};
         QTest::newRow("refused") << 404 << QStringList{join};

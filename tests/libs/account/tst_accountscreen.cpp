@@ -1,6 +1,7 @@
 #include "account/AccountScreen.h"
 #include "account/Prompter.h"
 #include "account/ShareMembersDialog.h"
+#include "support/Columns.h"
 #include "support/Fixtures.h"
 #include "support/ReferenceServer.h"
 #include "support/Widgets.h"
@@ -74,8 +75,7 @@ private slots:
 
     void relativeTime_data()
     {
-        QTest::addColumn<qint64>("secondsAgo");
-        QTest::addColumn<QString>("expected");
+        addColumns<qint64, QString>({"secondsAgo", "expected"});
         QTest::newRow("just now") << qint64(0) << "Active now";
         QTest::newRow("59 s") << qint64(59) << "Active now";
         QTest::newRow("60 s") << qint64(60) << "1m ago";
@@ -99,10 +99,8 @@ private slots:
 
     void changePassword_data()
     {
-        QTest::addColumn<QStringList>("answers"); // "<cancel>" cancels that box
-        QTest::addColumn<int>("boxes");
-        QTest::addColumn<bool>("sent");
-        QTest::addColumn<QString>("expected");
+        // answers: "<cancel>" cancels that box
+        addColumns<QStringList, int, bool, QString>({"answers", "boxes", "sent", "expected"});
         const QString current = QStringLiteral("correct horse battery");
         QTest::newRow("7 characters")
             << QStringList{current, "1234567"} << 2 << false << "Password must be at least 8 characters.";
@@ -144,8 +142,7 @@ private slots:
 
     void deleteAccount_data()
     {
-        QTest::addColumn<QString>("typed");
-        QTest::addColumn<bool>("deleted");
+        addColumns<QString, bool>({"typed", "deleted"});
         QTest::newRow("lower case") << "delete" << false;
         QTest::newRow("padded") << "DELETE " << false;
         QTest::newRow("exact") << "DELETE" << true;

@@ -1,3 +1,4 @@
+#include "support/Columns.h"
 #include "support/ScriptedServer.h"
 #include "update/Client.h"
 #include "update/ManifestParser.h"
@@ -109,9 +110,8 @@ private slots:
 
     void version_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QList<int>>("parts");
-        QTest::addColumn<QString>("next"); // a version just above
+        // next: a version just above
+        addColumns<QString, QList<int>, QString>({"text", "parts", "next"});
         QTest::newRow("three parts") << "1.0.9" << QList<int>{1, 0, 9} << "1.0.10";
         QTest::newRow("one part") << "2" << QList<int>{2, 0, 0} << "2.0.1";
         QTest::newRow("two parts") << "1.9" << QList<int>{1, 9, 0} << "2";
@@ -135,8 +135,7 @@ private slots:
     void manifestRejected_data()
     {
         const QJsonValue absent(QJsonValue::Undefined);
-        QTest::addColumn<QByteArray>("json");
-        QTest::addColumn<QString>("reason");
+        addColumns<QByteArray, QString>({"json", "reason"});
         const QString invalid = QStringLiteral("artifact windows-x64 failed validation");
         // clang-format off
         QTest::newRow("not JSON")         << QByteArray("{\"schema\": 1,")    << "JSON parse error: unterminated object";
@@ -208,10 +207,10 @@ private slots:
         const auto offering = [&](const QJsonObject &ourArtifact) {
             return manifestOf({{ours, ourArtifact}, {otherPlatform(), artifactOf("9.0.0")}});
         };
-        QTest::addColumn<QByteArray>("latestJson"); // empty: not published
-        QTest::addColumn<int>("status");            // 0: the file as served
-        QTest::addColumn<QString>("outcome");
-        QTest::addColumn<QString>("detail"); // the offered version, or the start of the reason
+        // latestJson: empty: not published
+        // status: 0: the file as served
+        // detail: the offered version, or the start of the reason
+        addColumns<QByteArray, int, QString, QString>({"latestJson", "status", "outcome", "detail"});
         const QJsonObject minAbove = with(artifactOf("1.1.0"), "min_upgradable_from", "1.0.10");
         // clang-format off
         QTest::newRow("numeric order")     << offering(artifactOf("1.0.10")) << 0 << "update" << "1.0.10";
@@ -268,9 +267,8 @@ private slots:
 
     void offerAtStart_data()
     {
-        QTest::addColumn<QString>("dismissed");
-        QTest::addColumn<bool>("mandatory");
-        QTest::addColumn<QString>("button"); // the one pressed; empty: no dialog
+        // button: the one pressed; empty: no dialog
+        addColumns<QString, bool, QString>({"dismissed", "mandatory", "button"});
         // clang-format off
         QTest::newRow("first offer, later")    << ""       << false << "laterButton";
         QTest::newRow("first offer, download") << ""       << false << "downloadButton";
@@ -308,8 +306,8 @@ private slots:
 
     void manualCheck_data()
     {
-        QTest::addColumn<QByteArray>("latestJson");
-        QTest::addColumn<QString>("message"); // empty: the dialog shows instead
+        // message: empty: the dialog shows instead
+        addColumns<QByteArray, QString>({"latestJson", "message"});
         // clang-format off
         QTest::newRow("update")     << manifestOf({{platformKey(), artifactOf("1.1.0")}}) << "";
         QTest::newRow("up to date") << manifestOf({{platformKey(), artifactOf("1.0.9")}}) << "Halcyra Ombrel is up to date (version 1.0.9)";
@@ -343,9 +341,8 @@ private slots:
 
     void notesLanguage_data()
     {
-        QTest::addColumn<QString>("locale");
-        QTest::addColumn<QStringList>("published");
-        QTest::addColumn<QStringList>("asked"); // the last one asked is the one shown, if published
+        // asked: the last one asked is the one shown, if published
+        addColumns<QString, QStringList, QStringList>({"locale", "published", "asked"});
         const QString md = QStringLiteral("release-notes.md");
         // clang-format off
         QTest::newRow("Spanish falls back") << "es_ES" << QStringList{md}  << QStringList{"release-notes.es.md", md};
@@ -376,11 +373,9 @@ private slots:
 
     void whatsNewAtStart_data()
     {
-        QTest::addColumn<QString>("lastShown"); // in the settings
-        QTest::addColumn<QString>("older");     // where earlier versions kept it
-        QTest::addColumn<bool>("notesPublished");
-        QTest::addColumn<bool>("started");
-        QTest::addColumn<bool>("dialog");
+        // lastShown: in the settings
+        // older: where earlier versions kept it
+        addColumns<QString, QString, bool, bool, bool>({"lastShown", "older", "notesPublished", "started", "dialog"});
         // clang-format off
         QTest::newRow("first run")                << ""       << ""      << true  << true  << true;
         QTest::newRow("first run, notes missing") << ""       << ""      << false << true  << false;
