@@ -90,10 +90,9 @@ private slots:
     void relativeTime()
     {
         QFETCH(qint64, secondsAgo);
-        QFETCH(QString, expected);
         // Noon UTC keeps the date the same in any local time zone the test runs in.
         const QDateTime now(QDate(2026, 3, 15), QTime(12, 0), Qt::UTC);
-        QCOMPARE(AccountScreen::relativeTime(now.addSecs(-secondsAgo), now), expected);
+        QTEST(AccountScreen::relativeTime(now.addSecs(-secondsAgo), now), "expected");
         QCOMPARE(AccountScreen::relativeTime(QDateTime(), now), QStringLiteral("Unknown"));
     }
 
@@ -117,7 +116,6 @@ private slots:
     void changePassword()
     {
         QFETCH(QStringList, answers);
-        QFETCH(int, boxes);
         QFETCH(bool, sent);
         QFETCH(QString, expected);
         const ServerUser alice = m_server->signUp(QStringLiteral("alice@example.test"));
@@ -128,7 +126,7 @@ private slots:
             Prompter::queueText(answer == "<cancel>" ? std::nullopt : std::optional<QString>(answer));
 
         click(screen, QStringLiteral("Change Password"));
-        QCOMPARE(Prompter::asked(), boxes);
+        QTEST(Prompter::asked(), "boxes");
         // The button waits disabled exactly while a request is out.
         QCOMPARE(!buttonsLabelled(currentPage(screen), "Change Password").first()->isEnabled(), sent);
         if (sent) {

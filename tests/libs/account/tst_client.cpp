@@ -2,6 +2,7 @@
 #include "account/Client.h"
 #include "account/SecretServiceTokenStore.h"
 #include "account/TokenManager.h"
+#include "support/Columns.h"
 #include "support/Jwt.h"
 #include "support/ScriptedServer.h"
 
@@ -42,26 +43,37 @@ private slots:
         QCOMPARE(Client::platformName(QString()), QStringLiteral("linux"));
     }
 
-    void startWithStoredSession()
+    void start_data()
     {
-        SecretServiceTokenStore store(QStringLiteral("com.halcyra.ombrel"));
-        QVERIFY(store.store(kAccessTokenKey, jwt(600, QStringLiteral("g1"), QStringLiteral("owner"))));
-        QVERIFY(store.store(kRefreshTokenKey, QStringLiteral("r1")));
+        QTest::addColumn<int>("expiresIn");
+        QTest::newRow("stored session") << 600;
+        QTest::newRow("stale, no refresh token") << -60;
+    }
 
+    // A start reads the session from the keyring and asks nothing of the server or the browser.
+    void start()
+    {
+        QFETCH(int, expiresIn);
+        const bool usable = expiresIn > 0;
+        SecretServiceTokenStore store(QStringLiteral("com.halcyra.ombrel"));
+        QVERIFY(store.store(kAccessTokenKey, jwt(expiresIn, QStringLiteral("g1"), QStringLiteral("owner"))));
+        QVERIFY(!usable || store.store(kRefreshTokenKey, QStringLiteral("r1")));
         Client client(config());
         QSignalSpy states(&client, &Client::authStateChanged);
         QSignalSpy claims(&client, &Client::claimsUpdated);
         client.initialize();
-        QVERIFY(client.isAuthenticated());
-        QVERIFY(client.hasUsableToken());
+        QCOMPARE(client.isAuthenticated(), usable);
+        QCOMPARE(client.hasUsableToken(), usable);
+        QCOMPARE(client.claims().group_id, usable ? QStringLiteral("g1") : QString());
+        QVERIFY(m_opened.isEmpty());
+        QTest::qWait(50);
+        QVERIFY(m_server.requests().isEmpty());
+        if (!usable)
+            return;
         QCOMPARE(states.size(), 1);
         QCOMPARE(claims.size(), 1);
         QCOMPARE(claims.first().first().value<HlcClaims>().group_id, QStringLiteral("g1"));
         QCOMPARE(client.claims().role, QStringLiteral("owner"));
-        QVERIFY(m_opened.isEmpty());
-        QTest::qWait(50);
-        QVERIFY(m_server.requests().isEmpty());
-
         // Signing out tells the server and empties the keyring.
         client.authClient()->logout();
         QTRY_COMPARE_WITH_TIMEOUT(m_server.requests().size(), 1, 5000);
@@ -74,26 +86,14 @@ private slots:
         QVERIFY(!client.isAuthenticated());
     }
 
-    void startWithStaleSession()
-    {
-        SecretServiceTokenStore store(QStringLiteral("com.halcyra.ombrel"));
-        QVERIFY(store.store(kAccessTokenKey, jwt(-60, QStringLiteral("g1"), QStringLiteral("owner"))));
-        Client client(config());
-        client.initialize();
-        QVERIFY(!client.isAuthenticated());
-        QVERIFY(!client.hasUsableToken());
-        QCOMPARE(client.claims().group_id, QString());
-    }
-
     void roundTrip_data()
     {
-        QTest::addColumn<QString>("first");
-        QTest::addColumn<QString>("second");
-        QTest::newRow("jwt") << QStringLiteral("eyJhbGciOiJIUzI1NiJ9.eyJleHAiOjF9.c2ln")
-                             << QStringLiteral("b.c.d");
-        QTest::newRow("non-ascii") << QStringLiteral("t\u00f6k\u20acn \U0001F511")
-                                   << QStringLiteral("\u65e5\u672c");
-        QTest::newRow("long") << QString(4096, u'x') << QString(5000, u'y');
+        addColumns<QString, QString>({"first", "second"});
+        // clang-format off
+        QTest::newRow("jwt")       << QStringLiteral("eyJhbGciOiJIUzI1NiJ9.eyJleHAiOjF9.c2ln") << QStringLiteral("b.c.d");
+        QTest::newRow("non-ascii") << QStringLiteral("t\u00f6k\u20acn \U0001F511") << QStringLiteral("\u65e5\u672c");
+        QTest::newRow("long")      << QString(4096, u'x') << QString(5000, u'y');
+        // clang-format on
     }
 
     void roundTrip()
