@@ -87,18 +87,14 @@ private slots:
         QFETCH(QString, clientId);
         QFETCH(QString, redirectUri);
         QFETCH(bool, accepted);
-        QUrlQuery link{
-            {"client_id", clientId}
-        };
+        QUrlQuery link(QStringLiteral("client_id=") + clientId);
         link.addQueryItem("redirect_uri", QString::fromLatin1(QUrl::toPercentEncoding(redirectUri)));
         QCOMPARE(m_server->get("/halcyra/account/login?" + link.query(QUrl::FullyEncoded)).status,
                  accepted ? 200 : 400);
-        const QList<QPair<QString, QString>> form{
-            {"client_id",    clientId         },
-            {"redirect_uri", redirectUri      },
-            {"email",        "ann@example.org"},
-            {"password",     "pass+word 1"    }
-        };
+        // clang-format off
+        const QList<QPair<QString, QString>> form{{"client_id", clientId}, {"redirect_uri", redirectUri},
+                                                  {"email", "ann@example.org"}, {"password", "pass+word 1"}};
+        // clang-format on
         // Sign-up signs in, and the password with a plus and a space works again on the sign-in page.
         for (const char *page : {"signup", "login"}) {
             const HttpResult r = m_server->postForm(page, form);
@@ -287,10 +283,9 @@ private slots:
         QFETCH(QString, invitedEmail);
         QFETCH(QString, tamper);
         QFETCH(int, status);
-        const QJsonObject body = invitedEmail.isEmpty() ? QJsonObject()
-                                                        : QJsonObject{
-                                                              {"email", invitedEmail}
-        };
+        const QJsonObject body =
+            invitedEmail.isEmpty() ? QJsonObject()
+                                   : TestServer::json(QStringLiteral(R"({"email":"%1"})").arg(invitedEmail));
         const HttpResult invitation =
             m_server->post("/account/v1/group/invite", body, user("ann").accessToken);
         QCOMPARE(invitation.status, 201);
