@@ -31,6 +31,7 @@ constexpr int kWaitMsec = 5000;
 const QString kChannel = QStringLiteral("/ombrel/stable/");
 const QString kName = QStringLiteral("Halcyra Ombrel");
 
+// clang-format off
 QJsonObject artifactOf(const QString &version)
 {
     return {{"version", version}, {"released_at", "2026-03-01T12:00:00Z"}, {"size", 1048576.7},
@@ -72,6 +73,8 @@ QByteArray windowsWith(const QString &key, const QJsonValue &value)
 {
     return manifestOf({{"linux-x64", artifactOf("1.1.0")}, {"windows-x64", with(artifactOf("1.1.0"), key, value)}});
 }
+
+// clang-format on
 
 // Stands in for the browser: under offscreen, opening a URL would fail.
 class Browser : public QObject {
@@ -179,15 +182,19 @@ private slots:
         const QString sha256 =
             QString::fromLatin1(QCryptographicHash::hash(file.readAll(), QCryptographicHash::Sha256).toHex());
         QJsonObject real = artifactOf("1.1.0");
+        // clang-format off
         for (const auto &[key, value] : std::initializer_list<std::pair<QString, QJsonValue>>{
                  {"size", double(file.size())}, {"sha256", sha256}, {"mandatory", true},
                  {"min_upgradable_from", "1.0.0"}, {"release_notes_url", "https://example.test/notes.md"},
                  {"released_at", "2026-03-01T12:00:00.250+02:00"}})
             real.insert(key, value);
+        // clang-format on
         // Some tools write sizes as doubles; the fraction goes, also above 32 bits.
         const QJsonObject big = with(artifactOf("1.1.0"), "size", 5000000000.9);
         QString reason;
+        // clang-format off
         const auto parsed = ManifestParser::parse(manifestOf({{"windows-x64", real}, {"linux-x64", big}}), &reason);
+        // clang-format on
         QVERIFY2(parsed, qPrintable(reason));
         const Artifact a = parsed->artifacts.value(QStringLiteral("windows-x64"));
         QCOMPARE(a.size, file.size());
@@ -205,7 +212,9 @@ private slots:
     {
         const QString ours = platformKey();
         const auto offering = [&](const QJsonObject &ourArtifact) {
+            // clang-format off
             return manifestOf({{ours, ourArtifact}, {otherPlatform(), artifactOf("9.0.0")}});
+            // clang-format on
         };
         // latestJson: empty: not published
         // status: 0: the file as served
@@ -375,7 +384,8 @@ private slots:
     {
         // lastShown: in the settings
         // older: where earlier versions kept it
-        addColumns<QString, QString, bool, bool, bool>({"lastShown", "older", "notesPublished", "started", "dialog"});
+        addColumns<QString, QString, bool, bool, bool>(
+            {"lastShown", "older", "notesPublished", "started", "dialog"});
         // clang-format off
         QTest::newRow("first run")                << ""       << ""      << true  << true  << true;
         QTest::newRow("first run, notes missing") << ""       << ""      << false << true  << false;
