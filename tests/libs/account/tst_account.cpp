@@ -417,6 +417,8 @@ private slots:
         QSignalSpy succeeded(m_auth.get(), &AuthClient::loginSucceeded);
         QSignalSpy failed(m_auth.get(), &AuthClient::loginFailed);
         m_auth->login();
+        // The browser has not answered yet: it does in the event loop.
+        QSignalSpy callbacks(m_auth->findChild<WebAuthHandler *>(), &WebAuthHandler::callbackReceived);
         QTRY_COMPARE_WITH_TIMEOUT(succeeded.size() + failed.size(), 1, 5000);
         // The page is the same whatever came back.
         QTRY_COMPARE_WITH_TIMEOUT(
@@ -435,7 +437,13 @@ private slots:
         QCOMPARE(m_auth->state(), error.isEmpty() ? AuthState::SignedIn : AuthState::SignedOut);
         QTEST(m->stored.value(kAccessTokenKey), "storedAccess");
         QVERIFY(m->server.requests().isEmpty());
-        // One callback only: the listener is gone.
+        // One callback only, to the listener's own port; then the listener is gone.
+        const QByteArray sent = target.startsWith("GET ") ? target.mid(4) : target;
+        QCOMPARE(callbacks.size(), 1);
+        const QUrl received = callbacks[0][0].toUrl();
+        QCOMPARE(received.port(), redirect.port());
+        QCOMPARE(received.path(),
+                 sent.startsWith('/') ? QUrl::fromEncoded("http://h" + sent).path() : QString());
         QTcpSocket late;
         late.connectToHost(QHostAddress::LocalHost, quint16(redirect.port()));
         QVERIFY(!late.waitForConnected(2000));
