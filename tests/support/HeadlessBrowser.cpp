@@ -1,112 +1,119 @@
 #include "HeadlessBrowser.h"
 
 #include <QDeadlineTimer>
+#include <QJsonDocument>
 #include <QRegularExpression>
 #include <QStandardPaths>
 #include <QTest>
 
 #include <unistd.h>
 
-HeadlessBrowser::HeadlessBrowser() = default;
+HeadlessBrowser::HeadlessBrowser()
+{
+    QObject::connect(&m_socket, &QWebSocket::textMessageReceived, [this](const QString &message) {
+        const QJsonObject o = QJsonDocument::fromJson(message.toUtf8()).object();
+        if (o.contains(QLatin1String("id")))
+            m_answers.insert(o.value(QLatin1String("id")).toInt(), o);
+    });
+}
 
 HeadlessBrowser::~HeadlessBrowser()
 {
-    if (m_process.state() != QProcess::NotRunning) {
-        m_process.terminate();
-        if (!m_process.waitForFinished(5000)) {
-            m_process.kill();
-            m_process.waitForFinished(5000);
-        }
+    if (m_process.state() == QProcess::NotRunning)
+        return;
+    m_process.terminate();
+    if (!m_process.waitForFinished(5000)) {
+        m_process.kill();
+        m_process.waitForFinished(5000);
     }
 }
 
 bool HeadlessBrowser::start(QString *whyNot)
 {
-    QString program = QStandardPaths::findExecutable(QStringLiteral("chromium"));
-    if (program.isEmpty())
-        program = QStandardPaths::findExecutable(QStringLiteral("chromium-browser"));
+    const QString program = QStandardPaths::findExecutable(QStringLiteral("chromium"));
     if (program.isEmpty()) {
         *whyNot = QStringLiteral("chromium is not installed (scripts/install-deps installs it)");
         return false;
     }
-    QStringList arguments{QStringLiteral("--headless"),
-                          QStringLiteral("--disable-background-networking"),
-                          QStringLiteral("--no-first-run"),
-                          QStringLiteral("--disable-component-update"),
-                          QStringLiteral("--disable-sync"),
-                          QStringLiteral("--disable-gpu"),
-                          QStringLiteral("--remote-debugging-address=127.0.0.1"),
-                          QStringLiteral("--remote-debugging-port=0"),
-                          QStringLiteral("--user-data-dir=") + m_profile.filePath(QStringLiteral("profile")),
-                          QStringLiteral("about:blank")};
+    // clang-format off
+    QStringList arguments{"--headless", "--disable-background-networking", "--no-first-run",
+                          "--disable-component-update", "--disable-sync", "--disable-gpu",
+                          "--remote-debugging-address=127.0.0.1", "--remote-debugging-port=0",
+                          "--user-data-dir=" + m_profile.filePath(QStringLiteral("profile")), "about:blank"};
+    // clang-format on
     if (::geteuid() == 0)
         arguments.prepend(QStringLiteral("--no-sandbox")); // the sandbox refuses to run as root
     QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
     environment.insert(QStringLiteral("HOME"), m_profile.path());
     m_process.setProcessEnvironment(environment);
-    m_process.setProcessChannelMode(QProcess::SeparateChannels);
     m_process.start(program, arguments);
-    if (!m_process.waitForStarted(10000)) {
-        *whyNot = QStringLiteral("chromium does not start: %1").arg(m_process.errorString());
-        return false;
-    }
     // The browser says where its DevTools listen on its standard error.
     static const QRegularExpression listening(QStringLiteral("DevTools listening on (ws://\\S+)"));
     QByteArray said;
     QDeadlineTimer deadline(30000);
-    while (!deadline.hasExpired() && m_process.state() == QProcess::Running) {
+    while (!deadline.hasExpired() && m_process.waitForStarted(10000) &&
+           m_process.state() == QProcess::Running) {
         m_process.waitForReadyRead(200);
         said += m_process.readAllStandardError();
         const QRegularExpressionMatch m = listening.match(QString::fromUtf8(said));
-        if (m.hasMatch()) {
-            if (m_devTools.open(QUrl(m.captured(1))))
-                return true;
-            *whyNot = QStringLiteral("cannot reach chromium's DevTools: %1").arg(m_devTools.lastError());
-            return false;
-        }
+        if (!m.hasMatch())
+            continue;
+        m_socket.open(QUrl(m.captured(1)));
+        if (QTest::qWaitFor([this] { return m_socket.state() == QAbstractSocket::ConnectedState; }, 10000))
+            return true;
+        *whyNot = QStringLiteral("cannot reach chromium's DevTools: %1").arg(m_socket.errorString());
+        return false;
     }
-    *whyNot =
-        QStringLiteral("chromium cannot run here: %1").arg(QString::fromUtf8(said.right(400)).trimmed());
+    *whyNot = QStringLiteral("chromium cannot run here: %1 %2")
+                  .arg(m_process.errorString(), QString::fromUtf8(said.right(400)).trimmed());
     return false;
 }
 
+std::optional<QJsonObject> HeadlessBrowser::call(const QString &method, const QJsonObject &params,
+                                                 const QString &session)
+{
+    const int id = m_nextId++;
+    // clang-format off
+    QJsonObject message{{"id", id}, {"method", method}, {"params", params}};
+    // clang-format on
+    if (!session.isEmpty())
+        message.insert(QStringLiteral("sessionId"), session);
+    m_socket.sendTextMessage(QString::fromUtf8(QJsonDocument(message).toJson(QJsonDocument::Compact)));
+    QTest::qWaitFor(
+        [&] { return m_answers.contains(id) || m_socket.state() != QAbstractSocket::ConnectedState; }, 10000);
+    const QJsonObject answer = m_answers.take(id);
+    if (answer.isEmpty() || answer.contains(QLatin1String("error"))) {
+        m_lastError = answer.isEmpty() ? "no answer to " + method : answer["error"]["message"].toString();
+        return std::nullopt;
+    }
+    return answer.value(QLatin1String("result")).toObject();
+}
+
+// clang-format off
 QString HeadlessBrowser::openTab(const QUrl &url)
 {
-    const auto target = m_devTools.call(QStringLiteral("Target.createTarget"),
-                                        {
-                                            {QStringLiteral("url"), url.toString(QUrl::FullyEncoded)}
-    });
-    if (!target)
-        return {};
-    const auto attached =
-        m_devTools.call(QStringLiteral("Target.attachToTarget"),
-                        {
-                            {QStringLiteral("targetId"), target->value(QLatin1String("targetId"))},
-                            {QStringLiteral("flatten"),  true                                    }
-    });
+    const auto target = call(QStringLiteral("Target.createTarget"), {{"url", url.toString(QUrl::FullyEncoded)}});
+    const auto attached = target ? call(QStringLiteral("Target.attachToTarget"),
+                                        {{"targetId", target->value("targetId")}, {"flatten", true}})
+                                 : std::nullopt;
     return attached ? attached->value(QLatin1String("sessionId")).toString() : QString();
 }
 
-bool HeadlessBrowser::navigate(const QString &session, const QUrl &url)
+QString HeadlessBrowser::evaluate(const QString &session, const QString &expression)
 {
-    return m_devTools
-        .call(QStringLiteral("Page.navigate"),
-              {
-                  {QStringLiteral("url"), url.toString(QUrl::FullyEncoded)}
-    },
-              session)
-        .has_value();
+    const auto result =
+        call(QStringLiteral("Runtime.evaluate"), {{"expression", expression}, {"returnByValue", true}}, session);
+    return result ? result->value("result")["value"].toVariant().toString() : QString();
 }
+// clang-format on
 
-bool HeadlessBrowser::waitForPage(const QString &session, const QString &part, int timeoutMs)
+bool HeadlessBrowser::waitForPage(const QString &session, const QString &part)
 {
-    QDeadlineTimer deadline(timeoutMs);
-    while (!deadline.hasExpired()) {
-        const QString state =
-            m_devTools.evaluate(session, QStringLiteral("document.readyState + ' ' + location.href"));
-        if (state.startsWith(QLatin1String("complete ")) && state.contains(part))
-            return true;
-        QTest::qWait(50);
-    }
-    return false;
+    return QTest::qWaitFor(
+        [&] {
+            const QString state =
+                evaluate(session, QStringLiteral("document.readyState + ' ' + location.href"));
+            return state.startsWith(QLatin1String("complete ")) && state.contains(part);
+        },
+        15000);
 }

@@ -10,13 +10,9 @@
 #include <QTcpSocket>
 #include <QTimer>
 
-namespace {
+#include <optional>
 
-QByteArray verbOf(QHttpServerRequest::Method method)
-{
-    const char *key = QMetaEnum::fromType<QHttpServerRequest::Method>().valueToKey(int(method));
-    return key ? QByteArray(key).toUpper() : QByteArrayLiteral("UNKNOWN");
-}
+namespace {
 
 void send(QHttpServerResponder &responder, const ScriptedReply &reply)
 {
@@ -24,10 +20,15 @@ void send(QHttpServerResponder &responder, const ScriptedReply &reply)
     if (!reply.contentType.isEmpty())
         responder.writeHeader("Content-Type", reply.contentType);
     responder.writeHeader("Content-Length", QByteArray::number(reply.body.size()));
-    for (const auto &[name, value] : reply.headers)
-        responder.writeHeader(name, value);
     // writeBody ends the header block even for an empty body.
     responder.writeBody(reply.body);
+}
+
+ScriptedReply notFound()
+{
+    ScriptedReply reply(404);
+    reply.contentType.clear();
+    return reply;
 }
 
 } // namespace
@@ -43,20 +44,16 @@ protected:
     bool handleRequest(const QHttpServerRequest &request, QTcpSocket *socket) override
     {
         const ScriptedReply reply = m_owner->take(request);
-        if (reply.dropConnection) {
-            socket->abort();
-        } else if (reply.delayMs > 0) {
-            auto responder = std::make_shared<QHttpServerResponder>(makeResponder(request, socket));
-            QPointer<QTcpSocket> guard(socket);
-            QTimer::singleShot(reply.delayMs, socket, [responder, reply, guard] {
-                if (guard && guard->state() == QAbstractSocket::ConnectedState)
-                    send(*responder, reply);
-            });
-        } else {
-            QHttpServerResponder responder = makeResponder(request, socket);
-            send(responder, reply);
+        auto responder = std::make_shared<QHttpServerResponder>(makeResponder(request, socket));
+        if (reply.delayMs == 0) {
+            send(*responder, reply);
+            return true;
         }
-        emit m_owner->requestReceived();
+        QPointer<QTcpSocket> guard(socket);
+        QTimer::singleShot(reply.delayMs, socket, [responder, reply, guard] {
+            if (guard && guard->state() == QAbstractSocket::ConnectedState)
+                send(*responder, reply);
+        });
         return true;
     }
 
@@ -85,16 +82,6 @@ QUrl ScriptedServer::baseUrl() const
     return QUrl(QStringLiteral("http://127.0.0.1:%1").arg(m_port));
 }
 
-void ScriptedServer::enqueue(ScriptedReply reply)
-{
-    m_queue.append({QString(), std::move(reply)});
-}
-
-void ScriptedServer::enqueue(const QString &path, ScriptedReply reply)
-{
-    m_queue.append({path, std::move(reply)});
-}
-
 void ScriptedServer::serveDirectory(const QString &prefix, const QString &dir)
 {
     m_directories.append({prefix.endsWith(u'/') ? prefix : prefix + u'/', dir});
@@ -108,35 +95,33 @@ void ScriptedServer::clear()
 
 ScriptedReply ScriptedServer::take(const QHttpServerRequest &request)
 {
-    RecordedRequest recorded;
-    recorded.verb = verbOf(request.method());
-    recorded.path = request.url().path();
-    recorded.query = request.query();
+    const char *verb = QMetaEnum::fromType<QHttpServerRequest::Method>().valueToKey(int(request.method()));
+    RecordedRequest seen{
+        QByteArray(verb).toUpper(), request.url().path(), request.query(), {}, request.body()};
     for (const auto &[name, value] : request.headers())
-        recorded.headers.insert(name.toLower(), value);
-    recorded.body = request.body();
-    m_requests.append(recorded);
-    const QString &path = recorded.path;
+        seen.headers.insert(name.toLower(), value);
+    m_requests.append(seen);
 
-    for (qsizetype i = 0; i < m_queue.size(); ++i) {
-        if (m_queue[i].path == path)
-            return m_queue.takeAt(i).reply;
-    }
+    const auto queued = [this](const QString &path) -> std::optional<ScriptedReply> {
+        for (qsizetype i = 0; i < m_queue.size(); ++i) {
+            if (m_queue[i].first == path)
+                return m_queue.takeAt(i).second;
+        }
+        return std::nullopt;
+    };
+    if (auto reply = queued(seen.path))
+        return *reply;
     for (const auto &[prefix, dir] : std::as_const(m_directories)) {
-        if (!path.startsWith(prefix))
+        const QString relative = seen.path.mid(prefix.size());
+        if (!seen.path.startsWith(prefix))
             continue;
-        const QString relative = path.mid(prefix.size());
-        // Never step out of the served directory.
-        if (relative.isEmpty() || relative.contains(QStringLiteral("..")))
-            return ScriptedReply(404, {}, {});
         QFile file(QDir(dir).filePath(relative));
-        if (!file.open(QIODevice::ReadOnly))
-            return ScriptedReply(404, {}, {});
-        return ScriptedReply(200, file.readAll(), "application/octet-stream");
+        // Never step out of the served directory.
+        if (relative.isEmpty() || relative.contains(QStringLiteral("..")) || !file.open(QIODevice::ReadOnly))
+            return notFound();
+        ScriptedReply reply(200, file.readAll());
+        reply.contentType = "application/octet-stream";
+        return reply;
     }
-    for (qsizetype i = 0; i < m_queue.size(); ++i) {
-        if (m_queue[i].path.isEmpty())
-            return m_queue.takeAt(i).reply;
-    }
-    return ScriptedReply(404, {}, {});
+    return queued(QString()).value_or(notFound());
 }

@@ -13,19 +13,12 @@
 
 class QHttpServerRequest;
 
-// What the server answers to one request.
+// What the server answers to one request: a JSON reply, held back delayMs when given.
 struct ScriptedReply {
-    ScriptedReply(int status = 200, QByteArray body = {}, QByteArray contentType = "application/json")
+    ScriptedReply(int status = 200, QByteArray body = {})
         : status(status)
         , body(std::move(body))
-        , contentType(std::move(contentType))
     {
-    }
-    static ScriptedReply dropped()
-    {
-        ScriptedReply reply;
-        reply.dropConnection = true;
-        return reply;
     }
     static ScriptedReply delayed(int ms, int status, QByteArray body)
     {
@@ -36,10 +29,8 @@ struct ScriptedReply {
 
     int status = 200;
     QByteArray body;
+    int delayMs = 0;
     QByteArray contentType = "application/json";
-    QList<QPair<QByteArray, QByteArray>> headers; // sent after Content-Type and Content-Length
-    int delayMs = 0;                              // hold the reply back this long
-    bool dropConnection = false;                  // close the connection instead of answering
 };
 
 // What the server saw of one request.
@@ -67,30 +58,22 @@ public:
     bool listen();
     QUrl baseUrl() const; // http://127.0.0.1:<port>, no trailing slash
 
-    void enqueue(ScriptedReply reply);
-    void enqueue(const QString &path, ScriptedReply reply); // path without the query
+    void enqueue(ScriptedReply reply) { m_queue.append({QString(), std::move(reply)}); }
+    void enqueue(const QString &path, ScriptedReply reply) { m_queue.append({path, std::move(reply)}); }
     void serveDirectory(const QString &prefix, const QString &dir);
 
     QList<RecordedRequest> requests() const { return m_requests; }
-    int pendingReplies() const { return int(m_queue.size()); }
     void clear(); // forgets the requests seen and the replies still queued
-
-signals:
-    void requestReceived();
 
 private:
     class Backend;
     friend class Backend;
-    struct Queued {
-        QString path; // empty: any path
-        ScriptedReply reply;
-    };
 
     ScriptedReply take(const QHttpServerRequest &request); // records the request, picks its reply
 
     std::unique_ptr<Backend> m_backend;
     quint16 m_port = 0;
-    QList<Queued> m_queue;
+    QList<QPair<QString, ScriptedReply>> m_queue; // path (empty: any), reply
     QList<QPair<QString, QString>> m_directories; // prefix, directory
     QList<RecordedRequest> m_requests;
 };

@@ -51,13 +51,15 @@ public:
     OmbrelServer::ServerOptions &options() { return m_options; }
     bool start();
     QString dataDir() const { return m_dir.path(); }
-    QUrl url(const QString &pathAndQuery) const;
+    QUrl url(const QString &pathAndQuery) const
+    {
+        return QUrl(m_server->baseUrl().toString() + pathAndQuery);
+    }
 
-    HttpResult request(const QByteArray &method, const QString &pathAndQuery,
-                       const QByteArray &body = QByteArray(), const QString &token = QString(),
-                       const QByteArray &contentType = QByteArrayLiteral("application/json"));
-    HttpResult get(const QString &path, const QString &token) { return request("GET", path, {}, token); }
-    HttpResult post(const QString &path, const QJsonObject &body, const QString &token);
+    HttpResult request(const QByteArray &method, const QString &pathAndQuery, const QByteArray &body = {},
+                       const QString &token = {}, const QByteArray &contentType = "application/json");
+    HttpResult get(const QString &path, const QString &token = {}) { return request("GET", path, {}, token); }
+    HttpResult post(const QString &path, const QJsonObject &body, const QString &token = {});
     HttpResult del(const QString &path, const QString &token) { return request("DELETE", path, {}, token); }
 
     // Posts the sign-up or sign-in form as a browser would; client_id and redirect_uri (a loopback
@@ -72,6 +74,7 @@ public:
     bool refresh(TestUser *user);
 
     static QJsonObject claimsOf(const QString &accessToken);
+    static QJsonObject json(const QString &text); // a JSON object written as text
 
     // A change object of a push.
     static QJsonObject change(const QString &type, const QString &id, qint64 version,
