@@ -40,6 +40,18 @@ public slots:
     }
 };
 
+// Each build of the account list hands every account a new row widget in the list's viewport.
+class RowWidgetCounter : public QObject {
+public:
+    int count = 0;
+    bool eventFilter(QObject *, QEvent *event) override
+    {
+        if (event->type() == QEvent::ChildAdded && static_cast<QChildEvent *>(event)->child()->isWidgetType())
+            ++count;
+        return false;
+    }
+};
+
 class TstMainWindow : public QObject {
     Q_OBJECT
     std::optional<TempAppState> m_state;
@@ -143,6 +155,19 @@ private slots:
         QCOMPARE(text("totalLabel"), u"Total: -$1.00"_s);
         QCoreApplication::processEvents();
         QCOMPARE(text("totalLabel"), u"Total: -$20.00"_s);
+
+        // New accounts arrive with their rows in the same pass: the list is built once, for all six.
+        RowWidgetCounter built;
+        list()->viewport()->installEventFilter(&built);
+        for (int i = 0; i < 5; ++i) {
+            QVERIFY(s()->accounts()->insert(Fixtures::account(u"p%1"_s.arg(i), u"Pulled %1"_s.arg(i))));
+            QVERIFY(s()->transactions()->insert(Fixtures::transaction(u"p%1-t"_s.arg(i), u"p%1"_s.arg(i),
+                                                                      QDate(2026, 1, 2), "Pulled", -100)));
+        }
+        QTRY_COMPARE(list()->count(), 6);
+        QCoreApplication::processEvents();
+        QCOMPARE(built.count, 6);
+        QCOMPARE(text("totalLabel"), u"Total: -$25.00"_s);
     }
 
     void tenAccountsGetAltShortcutsAndTheEleventhNone()
