@@ -255,7 +255,9 @@ bool benchFirstSync(int transactions)
     server.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     server.start(QStringLiteral(OMBREL_SERVER_EXECUTABLE),
                  {QStringLiteral("--data"), serverDir.path(), QStringLiteral("--listen"),
-                  QStringLiteral("127.0.0.1:0")});
+                  QStringLiteral("127.0.0.1:0"),
+                  // The devices hold one token for the whole run, which outlasts the default lifetime.
+                  QStringLiteral("--token-minutes"), QStringLiteral("600")});
     if (!server.waitForReadyRead(20000))
         return false;
     const QByteArray banner = server.readLine().trimmed();
