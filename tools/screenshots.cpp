@@ -546,18 +546,8 @@ QWidget *accountPage(HalcAccount::AccountScreen::Tab tab, bool owner = true)
 
 QWidget *shareDialog(bool failed)
 {
-    // The main window's texts, looked up in its catalogue context so that every language shows.
-    const auto mw = [](const char *text) { return QCoreApplication::translate("MainWindow", text); };
-    HalcAccount::ShareDialogTexts texts;
-    texts.windowTitle = mw("Share Account");
-    texts.heading = mw("Sharing: %1").arg(QStringLiteral("Joint Checking"));
-    texts.description = mw("Share this account with members of your Halcyra family group. They'll see the "
-                           "same register, balances, and reconciliation history on their devices.");
-    texts.listLabel = mw("Shared with");
-    texts.empty = mw("Not shared with anyone yet.");
-    texts.add = mw("Share");
-    texts.remove = mw("Remove access");
-    texts.close = mw("Close");
+    const HalcAccount::ShareDialogTexts texts =
+        MainWindow::shareDialogTexts(QStringLiteral("Joint Checking"));
     auto *dialog = new HalcAccount::ShareMembersDialog(g_state->accountClient(), nullptr,
                                                        QStringLiteral("acc-0"), texts);
     dialog->showShares({

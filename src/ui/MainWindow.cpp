@@ -939,20 +939,11 @@ void MainWindow::showReconciliationHistoryWindow()
     presentScreen(m_reconciliationHistoryScreen, tr("Reconciliation History"), QSize(750, 500));
 }
 
-void MainWindow::showShareAccountDialog()
+HalcAccount::ShareDialogTexts MainWindow::shareDialogTexts(const QString &accountName)
 {
-    if (!hasCurrentAccount())
-        return;
-    if (!isSignedIn()) {
-        if (Prompt::offer(this, tr("Sign In Required"), tr("Sharing requires a Halcyra account."),
-                          tr("Learn More")))
-            showHalcyraAccountScreen();
-        return;
-    }
-    const auto account = m_state->accounts()->getById(m_state->currentAccountId());
     HalcAccount::ShareDialogTexts texts;
     texts.windowTitle = tr("Share Account");
-    texts.heading = tr("Sharing: %1").arg(account->name);
+    texts.heading = tr("Sharing: %1").arg(accountName);
     texts.description = tr("Share this account with members of your Halcyra family group. They'll see the "
                            "same register, balances, and reconciliation history on their devices.");
     texts.listLabel = tr("Shared with");
@@ -967,6 +958,21 @@ void MainWindow::showShareAccountDialog()
     texts.confirmText = tr("Remove %1's access to this account?");
     texts.noGroup = tr("You don't have a family group yet. Sharing works within a family group: open Halcyra "
                        "Account, Group, to invite someone or to join with an invite code.");
+    return texts;
+}
+
+void MainWindow::showShareAccountDialog()
+{
+    if (!hasCurrentAccount())
+        return;
+    if (!isSignedIn()) {
+        if (Prompt::offer(this, tr("Sign In Required"), tr("Sharing requires a Halcyra account."),
+                          tr("Learn More")))
+            showHalcyraAccountScreen();
+        return;
+    }
+    const auto account = m_state->accounts()->getById(m_state->currentAccountId());
+    const HalcAccount::ShareDialogTexts texts = shareDialogTexts(account->name);
     HalcAccount::ShareMembersDialog dialog(m_state->accountClient(), m_state->sharingService(), account->id,
                                            texts, this);
     connect(&dialog, &HalcAccount::ShareMembersDialog::sharingChanged, this, &MainWindow::onAccountsChanged);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "account/AccountScreen.h"
+#include "account/ShareDialogTexts.h"
 
 #include <QHash>
 #include <QList>
@@ -41,6 +42,8 @@ public:
     QWidget *welcomePage() const;
     QWidget *registerPage() const;
     QWidget *emptyPage() const;
+    // The share dialog's texts for an account of this name, in the user's language.
+    static HalcAccount::ShareDialogTexts shareDialogTexts(const QString &accountName);
 
 public slots:
     void onAccountClicked(QListWidgetItem *item);
