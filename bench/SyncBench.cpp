@@ -350,6 +350,8 @@ int main(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     // No keyring is wanted: the bench signs its devices in with tokens it holds itself.
     qputenv("DBUS_SESSION_BUS_ADDRESS", "unix:path=/nonexistent");
+    // A first sync runs for many minutes; each figure shows as soon as it is known, also into a file.
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);
     QApplication app(argc, argv);
     QLoggingCategory::setFilterRules(QStringLiteral("*.info=false\n*.debug=false\n*.warning=false"));
     const int transactions = argc > 1 ? QString::fromLatin1(argv[1]).toInt() : 150000;
