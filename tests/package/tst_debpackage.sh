@@ -37,7 +37,10 @@ env -u LD_LIBRARY_PATH "$source/scripts/smoke-test" "$root/usr/bin/ombrel"
 
 # The server's package exists once the server is part of the build; then it carries its unit.
 if server_deb=$(ls "$work"/out/ombrel-server_*.deb 2>/dev/null); then
-    dpkg-deb -c "$server_deb" | grep -q "lib/systemd/system/ombrel-server.service" || fail "server package has no unit"
-    dpkg-deb -c "$server_deb" | grep -q "usr/bin/ombrel-server" || fail "server package has no program"
+    # The listing is read whole: grep -q would stop at the first match, and with pipefail the listing
+    # killed by the closed pipe counts as a failure.
+    server_files=$(dpkg-deb -c "$server_deb")
+    grep -q "lib/systemd/system/ombrel-server.service" <<<"$server_files" || fail "server package has no unit"
+    grep -q "usr/bin/ombrel-server" <<<"$server_files" || fail "server package has no program"
 fi
 echo "debpackage: $(basename "$deb") installs and starts"
