@@ -108,6 +108,16 @@ private slots:
             steps += plan.value(3).toString() + QLatin1Char('\n');
         QVERIFY2(steps.contains(QLatin1String("idx_transactions_account_date")), qPrintable(steps));
         QVERIFY2(!steps.contains(QLatin1String("TEMP B-TREE")), qPrintable(steps));
+
+        // A pull finds a row by its server id without reading the table.
+        for (const QString table : QStringList{"accounts", "categories", "recurring_transactions",
+                                               "transactions", "reconciliations"}) {
+            QVERIFY(plan.exec(
+                QStringLiteral("EXPLAIN QUERY PLAN SELECT id FROM %1 WHERE server_id = 'x'").arg(table)));
+            QVERIFY(plan.next());
+            QVERIFY2(plan.value(3).toString().contains(QStringLiteral("idx_%1_server_id").arg(table)),
+                     qPrintable(plan.value(3).toString()));
+        }
     }
 
     void migratesVersionOneAndBackfillsReconciliations()
