@@ -97,7 +97,7 @@ void SyncEngine::syncNow()
 
 void SyncEngine::runCycle()
 {
-    const QJsonArray changes = m_push.collectPending();
+    const QByteArrayList changes = m_push.collectPending();
     if (changes.isEmpty()) {
         // The page counter keeps its value on this path: only a push resets it.
         pullChanges(lastSyncTimestamp());
@@ -118,11 +118,8 @@ void SyncEngine::pushNextBatch()
         return;
     }
     const qsizetype size = std::min<qsizetype>(kPushBatchSize, m_pushQueue.size());
-    QJsonArray batch;
-    QJsonArray rest;
-    for (qsizetype i = 0; i < m_pushQueue.size(); ++i)
-        (i < size ? batch : rest).append(m_pushQueue.at(i));
-    m_pushQueue = rest;
+    const QJsonArray batch = SyncPush::toJsonArray(m_pushQueue.first(size));
+    m_pushQueue.remove(0, size);
     qInfo().noquote() << "Push batch:" << size << "changes," << m_pushQueue.size() << "remaining";
     QJsonObject body;
     body.insert(QStringLiteral("changes"), batch);

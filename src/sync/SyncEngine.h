@@ -90,7 +90,7 @@ private:
     int m_pageCounter = 0;
     bool m_resyncWanted = false;
     std::function<bool()> m_signedInCheck;
-    QJsonArray m_pushQueue;
+    QByteArrayList m_pushQueue;
     SyncPush m_push;
     SyncApply m_apply;
 };

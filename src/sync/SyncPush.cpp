@@ -5,9 +5,11 @@
 #include "data/ReconciliationRepository.h"
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
+#include "sync/ChangeWriter.h"
 #include "sync/SyncPayloads.h"
 
 #include <QDebug>
+#include <QJsonDocument>
 #include <QJsonObject>
 #include <QSqlDatabase>
 
@@ -16,25 +18,14 @@ SyncPush::SyncPush(const SyncRepositories &repositories)
 {
 }
 
-QJsonArray SyncPush::collectPending() const
+QByteArrayList SyncPush::collectPending() const
 {
-    QJsonArray changes;
-    for (const Account &a : m_repos.accounts->getPending())
-        changes.append(
-            changeObject(SyncEntity::Account, a.id, a.version, a.deletedAt.has_value(), accountPayload(a)));
-    for (const Category &c : m_repos.categories->getPending())
-        changes.append(
-            changeObject(SyncEntity::Category, c.id, c.version, c.deletedAt.has_value(), categoryPayload(c)));
-    for (const RecurringTransaction &r : m_repos.recurring->getPending())
-        changes.append(changeObject(SyncEntity::Recurring, r.id, r.version, r.deletedAt.has_value(),
-                                    recurringPayload(r)));
-    for (const Transaction &t : m_repos.transactions->getPending())
-        changes.append(changeObject(SyncEntity::Transaction, t.id, t.version, t.deletedAt.has_value(),
-                                    transactionPayload(t)));
-    for (const Reconciliation &r : m_repos.reconciliations->getPending())
-        changes.append(changeObject(SyncEntity::Reconciliation, r.id, r.version, r.deletedAt.has_value(),
-                                    reconciliationPayload(r)));
-    return changes;
+    return ChangeWriter(QSqlDatabase::database()).pendingChanges();
+}
+
+QJsonArray SyncPush::toJsonArray(const QByteArrayList &changes)
+{
+    return QJsonDocument::fromJson('[' + changes.join(',') + ']').array();
 }
 
 SyncPush::Outcome SyncPush::applyResults(const QJsonArray &results) const

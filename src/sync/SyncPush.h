@@ -2,6 +2,7 @@
 
 #include "sync/SyncRepositories.h"
 
+#include <QByteArrayList>
 #include <QJsonArray>
 
 // The push half of a cycle without the network: the pending rows as change objects, and the server's
@@ -12,7 +13,10 @@ public:
 
     // Accounts, categories, recurring rules, transactions, reconciliations: parents ahead of the rows
     // that refer to them, so the server never meets a reference to a row it has not seen.
-    QJsonArray collectPending() const;
+    // Each in compact JSON, written straight from the tables (see ChangeWriter).
+    QByteArrayList collectPending() const;
+    // Change objects as JSON values, for a request body.
+    static QJsonArray toJsonArray(const QByteArrayList &changes);
 
     struct Outcome {
         int ok = 0;

@@ -92,7 +92,7 @@ int TstSyncEngine::requestsTo(const QString &path) const
 // The server accepts what the engine will send next: the first 500 pending rows, in collection order.
 QByteArray TstSyncEngine::okResultsForNextBatch() const
 {
-    const QJsonArray changes = SyncPush(m_device->repositories()).collectPending();
+    const QJsonArray changes = SyncPush::toJsonArray(SyncPush(m_device->repositories()).collectPending());
     QJsonArray results;
     for (qsizetype i = 0; i < std::min<qsizetype>(changes.size(), SyncEngine::kPushBatchSize); ++i) {
         const QString id = changes[i][QLatin1String("entity_id")].toString();

@@ -117,7 +117,7 @@ void TstSyncPush::initTestCase()
     // The account was deleted before it was ever pushed.
     QVERIFY(device.db().exec(QStringLiteral("UPDATE accounts SET deleted_at='2024-03-04T05:06:07Z'")));
     QVERIFY(device.db().exec(QStringLiteral("UPDATE categories SET sync_status='synced' WHERE id='cat-0'")));
-    m_changes = SyncPush(device.repositories()).collectPending();
+    m_changes = SyncPush::toJsonArray(SyncPush(device.repositories()).collectPending());
 }
 
 void TstSyncPush::payloads_data()
