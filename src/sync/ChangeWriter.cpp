@@ -9,8 +9,13 @@
 #include <QDate>
 #include <QDateTime>
 #include <QDebug>
+#include <QSqlDriver>
 #include <QSqlError>
 #include <QSqlQuery>
+
+#ifndef Q_OS_WIN
+#include <sqlite3.h>
+#endif
 
 #include <charconv>
 #include <cstring>
@@ -176,24 +181,22 @@ void appendInteger(QByteArray &out, qint64 value)
     out.append(digits, end - digits);
 }
 
-// JSON string escaping; nearly every stored text is plain ASCII and is copied as it is.
-void appendString(QByteArray &out, QStringView text)
+// JSON string escaping of UTF-8 text. Nearly every stored text is plain ASCII and is copied as it is;
+// anything else goes through QString, which also mends a malformed sequence the way Qt's driver would.
+void appendString(QByteArray &out, QByteArrayView text)
 {
     out.append('"');
-    const char16_t *chars = text.utf16();
-    const qsizetype size = text.size();
     qsizetype plain = 0;
-    while (plain < size && chars[plain] >= 0x20 && chars[plain] < 0x80 && chars[plain] != u'"' &&
-           chars[plain] != u'\\')
+    while (plain < text.size()) {
+        const auto c = static_cast<unsigned char>(text[plain]);
+        if (c < 0x20 || c >= 0x80 || c == '"' || c == '\\')
+            break;
         ++plain;
-    const qsizetype at = out.size();
-    out.resize(at + plain);
-    char *to = out.data() + at;
-    for (qsizetype i = 0; i < plain; ++i)
-        to[i] = char(chars[i]);
-    if (plain < size) {
+    }
+    out.append(text.first(plain));
+    if (plain < text.size()) {
         QString rest;
-        for (const QChar c : text.mid(plain)) {
+        for (const QChar c : QString::fromUtf8(text.sliced(plain))) {
             switch (c.unicode()) {
             case u'"': rest += QLatin1String("\\\""); break;
             case u'\\': rest += QLatin1String("\\\\"); break;
@@ -214,59 +217,68 @@ void appendString(QByteArray &out, QStringView text)
     out.append('"');
 }
 
-int digitsAt(QStringView text, int from, int count)
+int digitsAt(QByteArrayView text, int from, int count)
 {
     int value = 0;
     for (int i = from; i < from + count; ++i) {
-        const char16_t c = text[i].unicode();
-        if (c < u'0' || c > u'9')
+        const char c = text[i];
+        if (c < '0' || c > '9')
             return -1;
-        value = value * 10 + (c - u'0');
+        value = value * 10 + (c - '0');
     }
     return value;
 }
 
-// True for "yyyy-MM-dd" naming a real day: what QDate writes for Qt::ISODate, so it can go out as stored.
-bool isWrittenDate(QStringView text)
+// "yyyy-MM-dd" naming a real day is what QDate writes for Qt::ISODate, so it can go out as stored.
+bool isWrittenDate(QByteArrayView text)
 {
-    if (text.size() < 10 || text[4] != u'-' || text[7] != u'-')
+    if (text.size() < 10 || text[4] != '-' || text[7] != '-')
         return false;
     const int y = digitsAt(text, 0, 4), m = digitsAt(text, 5, 2), d = digitsAt(text, 8, 2);
     return y >= 0 && m >= 0 && d >= 0 && QDate::isValid(y, m, d);
 }
 
-// True for "yyyy-MM-ddTHH:mm:ssZ", the form a UTC date-time takes for Qt::ISODate.
-bool isWrittenTimestamp(QStringView text)
+// "yyyy-MM-ddTHH:mm:ssZ" is the form a UTC date-time takes for Qt::ISODate.
+bool isWrittenTimestamp(QByteArrayView text)
 {
-    if (text.size() != 20 || !isWrittenDate(text) || text[10] != u'T' || text[13] != u':' ||
-        text[16] != u':' || text[19] != u'Z')
+    if (text.size() != 20 || !isWrittenDate(text) || text[10] != 'T' || text[13] != ':' || text[16] != ':' ||
+        text[19] != 'Z')
         return false;
     const int h = digitsAt(text, 11, 2), m = digitsAt(text, 14, 2), s = digitsAt(text, 17, 2);
     return h >= 0 && m >= 0 && s >= 0 && QTime::isValid(h, m, s);
 }
 
-QString dateOf(const QString &stored)
+void appendDate(QByteArray &out, QByteArrayView stored)
 {
     if (stored.size() == 10 && isWrittenDate(stored))
-        return stored;
-    return dateFromText(stored).toString(Qt::ISODate);
+        appendString(out, stored);
+    else
+        appendString(out, dateFromText(QString::fromUtf8(stored)).toString(Qt::ISODate).toUtf8());
 }
 
-QString timestampOf(const QString &stored)
+void appendTimestamp(QByteArray &out, QByteArrayView stored)
 {
     if (stored.isEmpty() || isWrittenTimestamp(stored))
-        return stored;
-    return timestampFromText(stored).toString(Qt::ISODate);
+        appendString(out, stored);
+    else
+        appendString(out, timestampFromText(QString::fromUtf8(stored)).toString(Qt::ISODate).toUtf8());
 }
 
-QString enumText(Field field, const QString &stored)
+QByteArray enumText(Field field, QByteArrayView stored)
 {
+    const QString text = QString::fromUtf8(stored);
     switch (field) {
-    case Field::AccountType: return accountTypeToString(accountTypeFromString(stored));
-    case Field::Currency: return currencyToString(currencyFromString(stored));
-    case Field::CategoryType: return categoryTypeToString(categoryTypeFromString(stored));
-    default: return frequencyToString(frequencyFromString(stored));
+    case Field::AccountType: return accountTypeToString(accountTypeFromString(text)).toUtf8();
+    case Field::Currency: return currencyToString(currencyFromString(text)).toUtf8();
+    case Field::CategoryType: return categoryTypeToString(categoryTypeFromString(text)).toUtf8();
+    default: return frequencyToString(frequencyFromString(text)).toUtf8();
     }
+}
+
+// How QVariant::toBool reads a stored text, so both row readers agree.
+bool textIsTrue(QByteArrayView text)
+{
+    return !text.isEmpty() && text != "0" && QByteArrayView(text).compare("false", Qt::CaseInsensitive) != 0;
 }
 
 void appendKey(QByteArray &out, const char *key)
@@ -276,61 +288,161 @@ void appendKey(QByteArray &out, const char *key)
     appendRaw(out, "\":");
 }
 
-int indexOf(std::span<const Column> columns, Field field, const char *key)
+// A row reader gives each column as UTF-8 text, as an integer and as a flag.
+template <typename Row>
+void appendChange(QByteArray &out, const char *entity, const Row &row, std::span<const Column> columns)
 {
-    for (std::size_t i = 0; i < columns.size(); ++i)
-        if (columns[i].field == field || std::strcmp(columns[i].key, key) == 0)
-            return int(i);
-    return -1;
-}
-
-void appendPayload(QByteArray &out, const QSqlQuery &q, std::span<const Column> columns)
-{
+    int version = 0;
+    bool deleted = false;
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if (columns[i].field == Field::ChangeOnly || std::strcmp(columns[i].key, "version") == 0)
+            version = int(row.integer(int(i)));
+        else if (columns[i].field == Field::DeletedAt)
+            deleted = !row.text(int(i)).isEmpty();
+    }
+    appendRaw(out, "{\"entity_type\":\"");
+    appendRaw(out, entity);
+    appendRaw(out, "\",\"entity_id\":");
+    appendString(out, row.text(0));
+    appendRaw(out, deleted ? ",\"action\":\"delete\",\"version\":" : ",\"action\":\"upsert\",\"version\":");
+    appendInteger(out, version);
+    appendRaw(out, ",\"payload\":{");
     bool first = true;
-    out.append('{');
     for (std::size_t i = 0; i < columns.size(); ++i) {
         const Column &column = columns[i];
-        const QVariant value = q.value(int(i));
-        QString text;
-        switch (column.field) {
-        case Field::ChangeOnly: continue;
-        case Field::ServerId:
-        case Field::DeletedAt:
-            text = value.toString();
-            if (text.isEmpty())
-                continue;
-            break;
-        case Field::EndDate:
-            text = dateOf(value.toString());
-            if (text.isEmpty())
-                continue;
-            break;
-        default: break;
-        }
+        const QByteArrayView text = column.field == Field::Int32 || column.field == Field::Int64 ||
+                                            column.field == Field::Flag || column.field == Field::ChangeOnly
+                                        ? QByteArrayView()
+                                        : row.text(int(i));
+        const bool leftOut =
+            column.field == Field::ChangeOnly ||
+            ((column.field == Field::ServerId || column.field == Field::DeletedAt) && text.isEmpty()) ||
+            (column.field == Field::EndDate && !dateFromText(QString::fromUtf8(text)).isValid());
+        if (leftOut)
+            continue;
         if (!first)
             out.append(',');
         first = false;
         appendKey(out, column.key);
         switch (column.field) {
-        case Field::Text: appendString(out, value.toString()); break;
-        case Field::Int32: appendInteger(out, value.toInt()); break;
-        case Field::Int64: appendInteger(out, value.toLongLong()); break;
-        case Field::Flag: out.append(value.toBool() ? '1' : '0'); break;
-        case Field::Date: appendString(out, dateOf(value.toString())); break;
-        case Field::Timestamp: appendString(out, timestampOf(value.toString())); break;
-        case Field::ServerId:
-        case Field::EndDate: appendString(out, text); break;
-        case Field::DeletedAt: appendString(out, timestampOf(text)); break;
-        default: appendString(out, enumText(column.field, value.toString())); break;
+        case Field::Text:
+        case Field::ServerId: appendString(out, text); break;
+        case Field::Int32: appendInteger(out, int(row.integer(int(i)))); break;
+        case Field::Int64: appendInteger(out, row.integer(int(i))); break;
+        case Field::Flag: out.append(row.flag(int(i)) ? '1' : '0'); break;
+        case Field::Date:
+        case Field::EndDate: appendDate(out, text); break;
+        case Field::Timestamp:
+        case Field::DeletedAt: appendTimestamp(out, text); break;
+        default: appendString(out, enumText(column.field, text)); break;
         }
     }
-    out.append('}');
+    appendRaw(out, "}}");
 }
+
+// Through Qt's driver: a QVariant and a QString for every column of every row, which for the whole
+// household costs more than the rest of the collection together.
+class QueryRow {
+public:
+    explicit QueryRow(const QSqlQuery &q, std::size_t columns)
+        : m_q(q)
+        , m_texts(qsizetype(columns))
+    {
+    }
+    void next()
+    {
+        for (qsizetype i = 0; i < m_texts.size(); ++i)
+            m_texts[i] = m_q.value(int(i)).toString().toUtf8();
+    }
+    QByteArrayView text(int i) const { return m_texts.at(i); }
+    qint64 integer(int i) const { return m_q.value(i).toLongLong(); }
+    bool flag(int i) const { return m_q.value(i).toBool(); }
+
+private:
+    const QSqlQuery &m_q;
+    QList<QByteArray> m_texts;
+};
+
+bool readWithQuery(QSqlDatabase db, const Table &table, QByteArray &change, QByteArrayList &changes)
+{
+    QSqlQuery q(db);
+    q.setForwardOnly(true);
+    if (!q.exec(QString::fromLatin1(table.statement))) {
+        qWarning().noquote() << "ChangeWriter::pendingChanges failed:" << q.lastError().text();
+        return false;
+    }
+    QueryRow row(q, table.columns.size());
+    while (q.next()) {
+        row.next();
+        change.clear();
+        appendChange(change, table.entity, row, table.columns);
+        changes.append(QByteArray(change.constData(), change.size()));
+    }
+    return true;
+}
+
+#ifndef Q_OS_WIN
+// Straight from SQLite, on the connection Qt's driver opened. On Linux the driver is built on the same
+// shared library this program links; the Windows driver carries a copy of its own, so there the
+// program keeps to the driver.
+class StatementRow {
+public:
+    explicit StatementRow(sqlite3_stmt *statement)
+        : m_statement(statement)
+    {
+    }
+    QByteArrayView text(int i) const
+    {
+        const auto *bytes = reinterpret_cast<const char *>(sqlite3_column_text(m_statement, i));
+        return QByteArrayView(bytes, bytes ? sqlite3_column_bytes(m_statement, i) : 0);
+    }
+    qint64 integer(int i) const { return sqlite3_column_int64(m_statement, i); }
+    bool flag(int i) const
+    {
+        if (sqlite3_column_type(m_statement, i) == SQLITE_TEXT)
+            return textIsTrue(text(i));
+        return sqlite3_column_int64(m_statement, i) != 0;
+    }
+
+private:
+    sqlite3_stmt *m_statement;
+};
+
+sqlite3 *sqliteHandle(const QSqlDatabase &db)
+{
+    const QVariant handle = db.driver() ? db.driver()->handle() : QVariant();
+    if (!handle.isValid() || qstrcmp(handle.typeName(), "sqlite3*") != 0)
+        return nullptr;
+    return *static_cast<sqlite3 *const *>(handle.constData());
+}
+
+bool readWithSqlite(sqlite3 *handle, const Table &table, QByteArray &change, QByteArrayList &changes)
+{
+    sqlite3_stmt *statement = nullptr;
+    if (sqlite3_prepare_v2(handle, table.statement, -1, &statement, nullptr) != SQLITE_OK) {
+        qWarning().noquote() << "ChangeWriter::pendingChanges failed:" << sqlite3_errmsg(handle);
+        sqlite3_finalize(statement);
+        return false;
+    }
+    const StatementRow row(statement);
+    int status = SQLITE_ROW;
+    while ((status = sqlite3_step(statement)) == SQLITE_ROW) {
+        change.clear();
+        appendChange(change, table.entity, row, table.columns);
+        changes.append(QByteArray(change.constData(), change.size()));
+    }
+    if (status != SQLITE_DONE)
+        qWarning().noquote() << "ChangeWriter::pendingChanges failed:" << sqlite3_errmsg(handle);
+    sqlite3_finalize(statement);
+    return status == SQLITE_DONE;
+}
+#endif
 
 } // namespace
 
-ChangeWriter::ChangeWriter(const QSqlDatabase &db)
+ChangeWriter::ChangeWriter(const QSqlDatabase &db, Reader reader)
     : m_db(db)
+    , m_reader(reader)
 {
 }
 
@@ -340,30 +452,17 @@ QByteArrayList ChangeWriter::pendingChanges() const
     // Written in one buffer and copied out at its exact size: 150,000 rows of spare capacity add up.
     QByteArray change;
     change.reserve(4096);
+#ifndef Q_OS_WIN
+    sqlite3 *handle = m_reader == Reader::Fastest ? sqliteHandle(m_db) : nullptr;
+#endif
     for (const Table &table : kTables) {
-        QSqlQuery q(m_db);
-        q.setForwardOnly(true);
-        if (!q.exec(QString::fromLatin1(table.statement))) {
-            qWarning().noquote() << "ChangeWriter::pendingChanges failed:" << q.lastError().text();
+#ifndef Q_OS_WIN
+        if (handle) {
+            readWithSqlite(handle, table, change, changes);
             continue;
         }
-        const int version = indexOf(table.columns, Field::ChangeOnly, "version");
-        const int deletedAt = indexOf(table.columns, Field::DeletedAt, "deleted_at");
-        while (q.next()) {
-            change.clear();
-            appendRaw(change, "{\"entity_type\":\"");
-            appendRaw(change, table.entity);
-            appendRaw(change, "\",\"entity_id\":");
-            appendString(change, q.value(0).toString());
-            appendRaw(change, q.value(deletedAt).toString().isEmpty()
-                                  ? ",\"action\":\"upsert\",\"version\":"
-                                  : ",\"action\":\"delete\",\"version\":");
-            appendInteger(change, q.value(version).toInt());
-            appendRaw(change, ",\"payload\":");
-            appendPayload(change, q, table.columns);
-            change.append('}');
-            changes.append(QByteArray(change.constData(), change.size()));
-        }
+#endif
+        readWithQuery(m_db, table, change, changes);
     }
     return changes;
 }

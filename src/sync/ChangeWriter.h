@@ -13,11 +13,14 @@
 // times go out as the date types write them, so a stored text in another form is normalised on the way.
 class ChangeWriter {
 public:
-    explicit ChangeWriter(const QSqlDatabase &db);
+    // SQLite's own interface where the driver shares its library (much the faster), else Qt's driver.
+    enum class Reader { Fastest, Driver };
+    explicit ChangeWriter(const QSqlDatabase &db, Reader reader = Reader::Fastest);
 
     // Accounts, categories, recurring rules, transactions, reconciliations, each in its query's order.
     QByteArrayList pendingChanges() const;
 
 private:
     QSqlDatabase m_db;
+    Reader m_reader;
 };
