@@ -1,5 +1,6 @@
 // The forms that make and edit records: accounts, categories, recurring rules, transactions with their
 // splits, and the details of one transaction.
+#include "support/Columns.h"
 #include "support/Fixtures.h"
 #include "support/TempAppState.h"
 #include "support/Widgets.h"
@@ -30,14 +31,9 @@ Category storedCategory(CategoryType type)
     return c;
 }
 
-QList<Account> formAccounts()
-{
-    return {Fixtures::account("acc-checking", "Checking"), Fixtures::account("acc-card", "Card")};
-}
-QList<Category> formCategories()
-{
-    return {Fixtures::category("cat-rent", "Rent")};
-}
+const QList<Account> kAccounts{Fixtures::account("acc-checking", "Checking"),
+                               Fixtures::account("acc-card", "Card")};
+const QList<Category> kCategories{Fixtures::category("cat-rent", "Rent")};
 
 RecurringTransaction storedRule()
 {
@@ -92,29 +88,17 @@ private slots:
     // Only the forms that read the household get one.
     void init() { m_app.reset(); }
 
-    void accountBalanceIsTheShownValueInCents_data()
-    {
-        QTest::addColumn<double>("value");
-        QTest::addColumn<qint64>("expected");
-        QTest::newRow("0.29 sits below 29 cents") << 0.29 << qint64(29);
-        QTest::newRow("negative") << -0.29 << qint64(-29);
-        QTest::newRow("0.285 shows as 0.28") << 0.285 << qint64(28);
-        QTest::newRow("-0.285 shows as -0.28") << -0.285 << qint64(-28);
-        QTest::newRow("1.005 shows as 1.00") << 1.005 << qint64(100);
-        QTest::newRow("largest") << 99999999.99 << qint64(9999999999);
-        QTest::newRow("smallest") << -99999999.99 << qint64(-9999999999);
-    }
-
+    // Whatever the double, the record must hold what the user sees: 0.29 sits below 29 cents, -0.285 shows
+    // as -0.28.
     void accountBalanceIsTheShownValueInCents()
     {
-        QFETCH(double, value);
-        QFETCH(qint64, expected);
         AccountFormDialog dialog;
-        auto *spin = child<QDoubleSpinBox>(&dialog, "balanceSpin");
-        spin->setValue(value);
-        QCOMPARE(dialog.account().startingBalance, expected);
-        // Whatever the double, the record must hold what the user sees.
-        QCOMPARE(dialog.account().startingBalance, qRound64(spin->cleanText().toDouble() * 100.0));
+        QStringList cents;
+        for (const double value : {0.29, -0.285, 1.005, -99999999.99}) {
+            child<QDoubleSpinBox>(&dialog, "balanceSpin")->setValue(value);
+            cents << QString::number(dialog.account().startingBalance);
+        }
+        QCOMPARE(cents, QStringList({"29", "-28", "100", "-9999999999"}));
     }
 
     void newAccountTrimsAndGetsFreshIdentity()
@@ -132,34 +116,18 @@ private slots:
         QCOMPARE(dialog.openingDate(), QDate::currentDate());
     }
 
-    void editedAccountKeepsIdentityAndMapsUnknownKeys_data()
-    {
-        QTest::addColumn<AccountType>("type");
-        QTest::addColumn<Currency>("currency");
-        QTest::addColumn<AccountType>("expectedType");
-        QTest::addColumn<Currency>("expectedCurrency");
-        QTest::newRow("known") << AccountType::Investment << Currency::GBP << AccountType::Investment
-                               << Currency::GBP;
-        QTest::newRow("unknown") << static_cast<AccountType>(42) << static_cast<Currency>(17)
-                                 << AccountType::Other << Currency::USD;
-    }
-
     void editedAccountKeepsIdentityAndMapsUnknownKeys()
     {
-        QFETCH(AccountType, type);
-        QFETCH(Currency, currency);
-        QFETCH(AccountType, expectedType);
-        QFETCH(Currency, expectedCurrency);
         Account original = Fixtures::account("acc-1", "Old", -12345);
-        original.accountType = type;
-        original.currency = currency;
+        original.accountType = static_cast<AccountType>(42);
+        original.currency = static_cast<Currency>(17);
         original.syncStatus = SyncStatus::Synced;
         original.createdAt = QDateTime(QDate(2021, 3, 4), QTime(5, 6, 7), Qt::UTC);
         AccountFormDialog dialog(original);
         QCOMPARE(dialog.windowTitle(), u"Edit Account"_s);
         const Account a = dialog.account();
         QVERIFY(a.id == original.id && a.createdAt == original.createdAt && a.startingBalance == -12345);
-        QVERIFY(a.accountType == expectedType && a.currency == expectedCurrency);
+        QVERIFY(a.accountType == AccountType::Other && a.currency == Currency::USD);
         QCOMPARE(a.syncStatus, SyncStatus::Pending);
     }
 
@@ -179,27 +147,23 @@ private slots:
         QVERIFY(c.id.size() == 36 && c.createdAt.isValid());
     }
 
-    void editedCategoryKeepsIdentity_data()
-    {
-        QTest::addColumn<CategoryType>("type");
-        QTest::addColumn<CategoryType>("expected");
-        QTest::newRow("income") << CategoryType::Income << CategoryType::Income;
-        QTest::newRow("expense") << CategoryType::Expense << CategoryType::Expense;
-        QTest::newRow("transfer as expense") << CategoryType::Transfer << CategoryType::Expense;
-    }
-
     void editedCategoryKeepsIdentity()
     {
-        QFETCH(CategoryType, type);
-        QFETCH(CategoryType, expected);
-        const Category original = storedCategory(type);
-        CategoryFormDialog dialog(original);
-        QCOMPARE(dialog.windowTitle(), u"Edit Category"_s);
-        const Category c = dialog.category();
-        QVERIFY(c.id == original.id && c.createdAt == original.createdAt && c.parentId == original.parentId);
-        QVERIFY(c.version == 3 && c.taxCategory == original.taxCategory);
-        QCOMPARE(c.categoryType, expected);
-        QVERIFY(child<QLineEdit>(&dialog, "taxCodeEdit")->isEnabled());
+        // A transfer category is edited as an expense.
+        for (const auto &[type, expected] : {
+                 std::pair{CategoryType::Income,   CategoryType::Income },
+                 std::pair{CategoryType::Transfer, CategoryType::Expense}
+        }) {
+            const Category original = storedCategory(type);
+            CategoryFormDialog dialog(original);
+            QCOMPARE(dialog.windowTitle(), u"Edit Category"_s);
+            const Category c = dialog.category();
+            QVERIFY(c.id == original.id && c.createdAt == original.createdAt &&
+                    c.parentId == original.parentId);
+            QVERIFY(c.version == 3 && c.taxCategory == original.taxCategory);
+            QCOMPARE(c.categoryType, expected);
+            QVERIFY(child<QLineEdit>(&dialog, "taxCodeEdit")->isEnabled());
+        }
     }
 
     void turningTaxOffClearsTheCode()
@@ -217,32 +181,25 @@ private slots:
         QCOMPARE(dialog.category().taxCategory, u"mortgage_interest"_s);
     }
 
-    void ruleAmountSignFollowsType_data()
-    {
-        QTest::addColumn<bool>("payment");
-        QTest::addColumn<double>("value");
-        QTest::addColumn<qint64>("expected");
-        QTest::newRow("payment") << true << 12.34 << qint64(-1234);
-        QTest::newRow("deposit") << false << 12.34 << qint64(1234);
-        QTest::newRow("payment 0.29 rounds") << true << 0.29 << qint64(-29);
-        QTest::newRow("deposit 1.01 rounds") << false << 1.01 << qint64(101);
-    }
-
     void ruleAmountSignFollowsType()
     {
-        QFETCH(bool, payment);
-        QFETCH(double, value);
-        QFETCH(qint64, expected);
-        RecurringFormDialog dialog(formAccounts(), formCategories());
+        RecurringFormDialog dialog(kAccounts, kCategories);
         QVERIFY(child<QRadioButton>(&dialog, "paymentRadio")->isChecked());
-        child<QRadioButton>(&dialog, payment ? "paymentRadio" : "depositRadio")->setChecked(true);
-        child<QDoubleSpinBox>(&dialog, "amountSpin")->setValue(value);
-        QCOMPARE(dialog.recurring().amount, expected);
+        QStringList amounts;
+        for (const auto &[radio, value] : {
+                 std::pair{"paymentRadio", 0.29},
+                 std::pair{"depositRadio", 1.01}
+        }) {
+            child<QRadioButton>(&dialog, radio)->setChecked(true);
+            child<QDoubleSpinBox>(&dialog, "amountSpin")->setValue(value);
+            amounts << QString::number(dialog.recurring().amount);
+        }
+        QCOMPARE(amounts, QStringList({"-29", "101"}));
     }
 
     void ruleScheduleRestartsOnlyWhenTheStartDateChanges()
     {
-        RecurringFormDialog dialog(storedRule(), formAccounts(), formCategories());
+        RecurringFormDialog dialog(storedRule(), kAccounts, kCategories);
         QCOMPARE(dialog.windowTitle(), u"Edit Recurring Transaction"_s);
         child<QLineEdit>(&dialog, "payeeEdit")->setText(u" New Landlord "_s);
         const auto schedule = [&dialog] {
@@ -259,7 +216,7 @@ private slots:
 
     void ruleStartBeforeFloorFallsBackToToday()
     {
-        RecurringFormDialog dialog(formAccounts(), formCategories());
+        RecurringFormDialog dialog(kAccounts, kCategories);
         child<QDateEdit>(&dialog, "startDateEdit")->setDate(QDate(1999, 12, 31));
         QTest::ignoreMessage(QtWarningMsg,
                              QRegularExpression(u"^RecurringFormDialog: rejecting invalid startDate "
@@ -274,18 +231,18 @@ private slots:
     void ruleIdentityAndVersionByMode()
     {
         const RecurringTransaction original = storedRule();
-        RecurringFormDialog edit(original, formAccounts(), formCategories());
+        RecurringFormDialog edit(original, kAccounts, kCategories);
         QVERIFY(edit.recurring().id == original.id && edit.recurring().version == 6);
 
         std::unique_ptr<RecurringFormDialog> memorize(
-            RecurringFormDialog::createFromSeed(original, formAccounts(), formCategories()));
+            RecurringFormDialog::createFromSeed(original, kAccounts, kCategories));
         QCOMPARE(memorize->windowTitle(), u"Memorize Transaction"_s);
         const RecurringTransaction seeded = memorize->recurring();
         QVERIFY(seeded.id != original.id && seeded.version == 5 && seeded.accountId == u"acc-card");
         // A new rule starts where its seed is dated, whatever the seed said about its next date.
         QCOMPARE(seeded.nextDueDate, original.startDate);
 
-        RecurringFormDialog fresh(formAccounts(), formCategories());
+        RecurringFormDialog fresh(kAccounts, kCategories);
         QCOMPARE(fresh.windowTitle(), u"New Recurring Transaction"_s);
         const RecurringTransaction created = fresh.recurring();
         QVERIFY(created.version == 1 && created.accountId == u"acc-checking" &&
@@ -301,9 +258,7 @@ private slots:
 
     void splitLinesFollowType_data()
     {
-        QTest::addColumn<bool>("paymentWhenSplit");
-        QTest::addColumn<bool>("paymentAtEnd");
-        QTest::addColumn<qint64>("sign");
+        addColumns<bool, bool, qint64>({"paymentWhenSplit", "paymentAtEnd", "sign"});
         QTest::newRow("payment") << true << true << qint64(-1);
         QTest::newRow("deposit") << false << false << qint64(1);
         QTest::newRow("turned into a deposit after splitting") << true << false << qint64(1);
@@ -405,13 +360,9 @@ private slots:
 
     void splitRemainder_data()
     {
-        QTest::addColumn<qint64>("total");
-        QTest::addColumn<double>("second");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("style");
+        addColumns<qint64, double, QString, QString>({"total", "second", "text", "style"});
         QTest::newRow("one cent over")
             << qint64(-1000) << 4.01 << u"Remaining: -$0.01"_s << u"color: #cc0000;"_s;
-        QTest::newRow("exact") << qint64(-1000) << 4.00 << u"Remaining: $0.00"_s << u"color: green;"_s;
         QTest::newRow("one cent short") << qint64(1000) << 3.99 << u"Remaining: $0.01"_s << u""_s;
         // 0.57 * 100 is just under 57: truncating would leave a cent over.
         QTest::newRow("rounds, not truncates")
@@ -474,9 +425,7 @@ private slots:
 
     void deleteTakesLinkedLeg_data()
     {
-        QTest::addColumn<bool>("transfer");
-        QTest::addColumn<QMessageBox::StandardButton>("answer");
-        QTest::addColumn<QString>("text");
+        addColumns<bool, QMessageBox::StandardButton, QString>({"transfer", "answer", "text"});
         const QString transferText =
             u"Delete transfer \"To savings\" for $123.45?\n\nBoth sides of the transfer will be deleted."_s;
         QTest::newRow("transfer, yes") << true << QMessageBox::Yes << transferText;

@@ -59,13 +59,13 @@ private slots:
         QVERIFY(s()->accounts()->insert(Fixtures::account("a", "Checking")));
     }
 
-    void columnsAndDueColouring()
+    void columnsDueColouringAndMenus()
     {
         addRule("late", "Water", -3);
         addRule("today", "Gym", 0);
         addRule("later", "Rent", 10);
         addRule("off", "Old Gym", -20, false);
-        m_screen.emplace(s());
+        open();
         QAbstractItemModelTester tester(m_screen->model());
         m_screen->refresh();
         const R *model = m_screen->model();
@@ -91,28 +91,12 @@ private slots:
         QVERIFY(cell("Old Gym", R::StatusColumn, Qt::ForegroundRole).isValid());
         QVERIFY(!cell("Water", R::StatusColumn, Qt::ForegroundRole).isValid());
         QCOMPARE(dueText(), u"(2 due)"_s);
-    }
-
-    void contextMenuOffersConfirmAndSkipOnlyWhenDue_data()
-    {
-        QTest::addColumn<int>("daysFromToday");
-        QTest::addColumn<bool>("active");
-        QTest::addColumn<QStringList>("enabled");
-        const QStringList all{"&Edit", "&Confirm", "&Skip", "&Delete"}, notDue{"&Edit", "&Delete"};
-        QTest::newRow("past") << -3 << true << all;
-        QTest::newRow("today") << 0 << true << all;
-        QTest::newRow("tomorrow") << 1 << true << notDue;
-        QTest::newRow("inactive and past") << -3 << false << notDue;
-    }
-
-    void contextMenuOffersConfirmAndSkipOnlyWhenDue()
-    {
-        QFETCH(int, daysFromToday);
-        QFETCH(bool, active);
-        QFETCH(QStringList, enabled);
-        addRule("r", "Water", daysFromToday, active);
-        open();
-        QCOMPARE(contextMenu(0), enabled);
+        // Confirm and Skip only for what is due.
+        QStringList menus;
+        for (const char *payee : {"Water", "Gym", "Rent", "Old Gym"})
+            menus << contextMenu(rowOf(QLatin1String(payee))).join(u' ');
+        QCOMPARE(menus, QStringList({"&Edit &Confirm &Skip &Delete", "&Edit &Confirm &Skip &Delete",
+                                     "&Edit &Delete", "&Edit &Delete"}));
     }
 
     void confirmAndSkipClearTheDueCount()

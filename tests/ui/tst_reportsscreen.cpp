@@ -1,6 +1,7 @@
 #include "ui/ReportsScreen.h"
 
 #include "data/CategoryRepository.h"
+#include "support/Columns.h"
 #include "support/Fixtures.h"
 #include "support/TempAppState.h"
 #include "support/Widgets.h"
@@ -82,21 +83,14 @@ private slots:
 
     void datePresets_data()
     {
-        QTest::addColumn<QDate>("today");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<QDate>("from");
-        QTest::addColumn<QDate>("to");
+        addColumns<QDate, int, QDate, QDate>({"today", "index", "from", "to"});
         using D = QDate;
         const D leap(2024, 3, 31), newYear(2025, 1, 1);
         QTest::newRow("last month from 31 March") << leap << 1 << D(2024, 2, 1) << D(2024, 2, 29);
-        QTest::newRow("this quarter on its last day") << leap << 2 << D(2024, 1, 1) << leap;
         QTest::newRow("last quarter over a year end") << leap << 3 << D(2023, 10, 1) << D(2023, 12, 31);
         QTest::newRow("last 30 days over February") << leap << 6 << D(2024, 3, 1) << leap;
-        QTest::newRow("last 12 months") << leap << 8 << D(2023, 3, 31) << leap;
         QTest::newRow("12 months from a leap day") << D(2024, 2, 29) << 8 << D(2023, 2, 28) << D(2024, 2, 29);
         QTest::newRow("this month on 1 January") << newYear << 0 << newYear << newYear;
-        QTest::newRow("last month on 1 January") << newYear << 1 << D(2024, 12, 1) << D(2024, 12, 31);
-        QTest::newRow("this year on 1 January") << newYear << 4 << newYear << newYear;
         QTest::newRow("last year") << newYear << 5 << D(2024, 1, 1) << D(2024, 12, 31);
         QTest::newRow("last 90 days") << newYear << 7 << D(2024, 10, 3) << newYear;
         QTest::newRow("all time has a floor") << newYear << kAllTime << D(2000, 1, 1) << newYear;
@@ -109,10 +103,8 @@ private slots:
         QFETCH(int, index);
         QFETCH(QDate, from);
         QFETCH(QDate, to);
-        const QList<R::DatePreset> presets = R::datePresets(today);
-        QCOMPARE(presets.size(), 11);
-        QCOMPARE(presets[index].from, from);
-        QCOMPARE(presets[index].to, to);
+        const R::DatePreset preset = R::datePresets(today).at(index);
+        QCOMPARE(QList<QDate>({preset.from, preset.to}), QList<QDate>({from, to}));
     }
 
     void comparisonPresets()
@@ -132,18 +124,12 @@ private slots:
         QCOMPARE(column(R::CategorySpending, 0), QStringList({"Uncategorized", "Charitable Donations"}));
         QCOMPARE(column(R::CategorySpending, 1), QStringList({"-$100.00", "-$50.00"}));
         QCOMPARE(column(R::PayeeSummary, 2).last(), u"1"_s);
-        QCOMPARE(m_screen->table(R::PayeeSummary)->item(0, 2)->textAlignment(),
-                 int(Qt::AlignRight | Qt::AlignVCenter));
         // The transfer is in both cash-flow columns and nowhere in income and expenses.
-        QCOMPARE(column(R::IncomeVsExpenses, 0), QStringList({"2024-03", "2024-04", "Total"}));
         QCOMPARE(column(R::IncomeVsExpenses, 2), QStringList({"$0.00", "-$50.00", "-$50.00"}));
-        QCOMPARE(column(R::CashFlow, 1), QStringList({"$3,000.00", "$100.00", "$3,100.00"}));
         QCOMPARE(column(R::CashFlow, 2), QStringList({"$0.00", "-$150.00", "-$150.00"}));
-        QCOMPARE(column(R::CashFlow, 3).last(), u"$2,950.00"_s);
         QVERIFY(m_screen->table(R::CashFlow)->item(2, 3)->font().bold());
         QVERIFY(!m_screen->table(R::CashFlow)->item(1, 3)->font().bold());
         QCOMPARE(column(R::AccountSummary, 1), QStringList({"Checking", "Credit Card"}));
-        QCOMPARE(column(R::AccountSummary, 2), QStringList({"$0.00", "$10.00"}));
         QCOMPARE(column(R::AccountSummary, 4), QStringList({"$2,900.00", "$60.00"}));
         QCOMPARE(column(R::Transactions, 0).first(),
                  QLocale().toString(QDate(2024, 3, 10), QLocale::ShortFormat));
@@ -187,9 +173,8 @@ private slots:
         dateEdit("to1Edit")->setDate(QDate(2024, 3, 31));
         dateEdit("from2Edit")->setDate(QDate(2024, 4, 1));
         dateEdit("to2Edit")->setDate(QDate(2024, 4, 30));
-        QCOMPARE(column(R::YearOverYear, 0), QStringList({"Charitable Donations", "Uncategorized"}));
-        QCOMPARE(column(R::YearOverYear, 1), QStringList({"$0.00", "$3,000.00"}));
-        QCOMPARE(column(R::YearOverYear, 3), QStringList({"-$50.00", "-$3,000.00"}));
+        QCOMPARE(column(R::YearOverYear, 0) + column(R::YearOverYear, 3),
+                 QStringList({"Charitable Donations", "Uncategorized", "-$50.00", "-$3,000.00"}));
     }
 
     void exportWritesTheShownCells()
@@ -229,7 +214,6 @@ private slots:
         QTableWidget *table = m_screen->table(R::Transactions);
         QCOMPARE(table->rowCount(), 300);
         QTRY_VERIFY(table->item(0, 0));
-        QCOMPARE(table->item(0, 2)->text(), u"Payee 0"_s);
         QCOMPARE(table->item(0, 5)->textAlignment(), int(Qt::AlignRight | Qt::AlignVCenter));
         QVERIFY(!table->item(299, 0));
         // Unpainted rows export all the same.

@@ -1,11 +1,9 @@
 #include "ui/SearchScreen.h"
 
-#include "support/Widgets.h"
-
-#include "data/AccountRepository.h"
-#include "data/TransactionRepository.h"
+#include "support/Columns.h"
 #include "support/Fixtures.h"
 #include "support/TempAppState.h"
+#include "support/Widgets.h"
 #include "ui/register/RegisterModel.h"
 
 #include <QtTest>
@@ -37,11 +35,6 @@ private slots:
         m_screen = std::make_unique<SearchScreen>(m_state);
     }
 
-    void emptyTextListsTheNewestOfAllAccounts()
-    {
-        QCOMPARE(payees(), QStringList({"Grocer", "Coffee Cart", "Interest", "Coffee Roasters"}));
-    }
-
     void typingSearchesOnceAfterThePause()
     {
         QSignalSpy searches(m_screen->model(), &QAbstractItemModel::modelReset);
@@ -63,10 +56,10 @@ private slots:
 
     void filters_data()
     {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QString>("account");
-        QTest::addColumn<bool>("clearedOnly");
-        QTest::addColumn<QStringList>("expected");
+        addColumns<QString, QString, bool, QStringList>({"text", "account", "clearedOnly", "expected"});
+        QTest::newRow("nothing: the newest of all accounts")
+            << u""_s << QString() << false
+            << QStringList({"Grocer", "Coffee Cart", "Interest", "Coffee Roasters"});
         QTest::newRow("cleared or not")
             << u"coffee"_s << QString() << false << QStringList({"Coffee Cart", "Coffee Roasters"});
         QTest::newRow("cleared only") << u"coffee"_s << QString() << true << QStringList({"Coffee Roasters"});
