@@ -579,13 +579,13 @@ private slots:
                      latest.json["channel"].toString(),
                  QStringLiteral("1ombrelstable"));
         const QJsonObject artifact = latest.json["artifacts"]["windows-x64"].toObject();
-        QCOMPARE(artifact["version"].toString(), QStringLiteral("1.2.0"));
-        QCOMPARE(qint64(artifact["size"].toDouble()), qint64(installer.size()));
+        const QString sha256 =
+            QString::fromLatin1(QCryptographicHash::hash(installer, QCryptographicHash::Sha256).toHex());
         QCOMPARE(
-            artifact["sha256"].toString(),
-            QString::fromLatin1(QCryptographicHash::hash(installer, QCryptographicHash::Sha256).toHex()));
+            QStringList({artifact["version"].toString(), QString::number(qint64(artifact["size"].toDouble())),
+                         artifact["sha256"].toString(), QString::number(artifact["mandatory"].toBool(true))}),
+            QStringList({"1.2.0", "123457", sha256, "0"}));
         QVERIFY(QDateTime::fromString(artifact["released_at"].toString(), Qt::ISODate).isValid());
-        QCOMPARE(artifact["mandatory"].toBool(true), false);
     }
 
 private:
