@@ -83,7 +83,6 @@ private slots:
     void cleanup()
     {
         QDesktopServices::unsetUrlHandler("http");
-        m_account.reset();
         m_auth.reset();
     }
 
@@ -551,7 +550,16 @@ private slots:
     // brings fresh tokens with its claims.
     void accountCalls()
     {
-        accountClient();
+        // The account calls on their own gateway under /account/v1, the sign-in calls under /auth.
+        m->storeSession(jwt(600));
+        m->api.setBaseUrl(QUrl(m->server.baseUrl().toString() + "/auth"));
+        ApiClient accountApi(&m->tokens);
+        accountApi.setBaseUrl(QUrl(m->server.baseUrl().toString() + "/account/v1"));
+        ClientConfig config;
+        config.applicationId = QStringLiteral("com.halcyra.ombrel");
+        config.applicationVersion = QStringLiteral("1.0.9");
+        AccountClient account(&accountApi, m_auth.get(), config);
+        m_auth->initialize();
         const QString join = QStringLiteral("/account/v1/group/join/XY 12");
         m->server.enqueue("/account/v1/profile",
                           {200, R"({"email":"a@b.c","group":{"name":"Home","member_count":3}})"});
@@ -562,16 +570,16 @@ private slots:
         m->server.enqueue("/auth/auth/token/refresh", AccountStack::tokenReply(jwt(900, "g1", "member")));
         QStringList profiles;
         for (int i = 0; i < 3; ++i) {
-            m_account->getProfile([&](const Profile &p) {
+            account.getProfile([&](const Profile &p) {
                 profiles << p.email + '/' + p.group.name + '/' + QString::number(p.group.memberCount);
             });
             QTRY_COMPARE_WITH_TIMEOUT(profiles.size(), i + 1, 5000);
         }
         QCOMPARE(profiles, (QStringList{"a@b.c/Home/3", "a@b.c//0", "//0"}));
-        QSignalSpy changed(m_account.get(), &AccountClient::groupChanged);
+        QSignalSpy changed(&account, &AccountClient::groupChanged);
         QList<bool> joined;
         for (int i = 0; i < 2; ++i) {
-            m_account->joinGroup(QStringLiteral("XY 12"), [&joined](bool ok) { joined << ok; });
+            account.joinGroup(QStringLiteral("XY 12"), [&joined](bool ok) { joined << ok; });
             QTRY_COMPARE_WITH_TIMEOUT(joined.size(), i + 1, 5000);
         }
         QCOMPARE(joined, (QList<bool>{false, true}));
@@ -581,7 +589,7 @@ private slots:
         QCOMPARE(m->paths().mid(3), (QStringList{join, join, "/auth/auth/token/refresh"}));
 
         m->server.clear();
-        m_account->registerDevice();
+        account.registerDevice();
         QTRY_COMPARE_WITH_TIMEOUT(m->server.requests().size(), 1, 5000);
         const RecordedRequest r = m->server.requests().first();
         QCOMPARE(r.verb + ' ' + r.path.toUtf8(), QByteArray("POST /account/v1/devices/register"));
@@ -621,20 +629,6 @@ private:
         m->tokens.setTokens(m_old, QStringLiteral("r1"));
     }
 
-    // The account calls on their own gateway under /account/v1, the sign-in calls under /auth.
-    void accountClient()
-    {
-        m->storeSession(jwt(600));
-        m->api.setBaseUrl(QUrl(m->server.baseUrl().toString() + "/auth"));
-        m_accountApi = std::make_unique<ApiClient>(&m->tokens);
-        m_accountApi->setBaseUrl(QUrl(m->server.baseUrl().toString() + "/account/v1"));
-        ClientConfig config;
-        config.applicationId = QStringLiteral("com.halcyra.ombrel");
-        config.applicationVersion = QStringLiteral("1.0.9");
-        m_account = std::make_unique<AccountClient>(m_accountApi.get(), m_auth.get(), config);
-        m_auth->initialize();
-    }
-
     QStringList seen() const
     {
         QStringList lines;
@@ -650,8 +644,6 @@ private:
 
     std::unique_ptr<AccountStack> m;
     std::unique_ptr<AuthClient> m_auth;
-    std::unique_ptr<ApiClient> m_accountApi;
-    std::unique_ptr<AccountClient> m_account;
     Browser m_browser;
     QString m_old;
     const QString m_new = jwt(900);
