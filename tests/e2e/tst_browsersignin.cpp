@@ -59,17 +59,15 @@ private slots:
                               "document.getElementById('password').value = 'a long passphrase';"
                               "document.getElementById('submit').click()");
         QTRY_VERIFY_WITH_TIMEOUT(succeeded.count() + failed.count() > 0, 20000);
-        QCOMPARE(failed.count(), 0);
-        QVERIFY(auth.isAuthenticated());
+        QVERIFY(failed.isEmpty() && auth.isAuthenticated());
         // The session works on the server: the user, and a refresh that rotates the pair.
         QString email;
         auth.fetchCurrentUser([&](const HalcAccount::User &user) { email = user.email; });
         QTRY_COMPARE_WITH_TIMEOUT(email, QStringLiteral("ann@example.org"), 10000);
         const QString firstRefresh = tokens.refreshToken();
-        int refreshed = -1;
-        auth.refreshToken([&](bool ok) { refreshed = ok ? 1 : 0; });
-        QTRY_COMPARE_WITH_TIMEOUT(refreshed, 1, 10000);
-        QVERIFY(!firstRefresh.isEmpty() && tokens.refreshToken() != firstRefresh);
+        std::optional<bool> refreshed;
+        auth.refreshToken([&](bool ok) { refreshed = ok; });
+        QTRY_VERIFY_WITH_TIMEOUT(refreshed.value_or(false) && tokens.refreshToken() != firstRefresh, 10000);
     }
 };
 

@@ -17,15 +17,11 @@ HeadlessBrowser::HeadlessBrowser()
     });
 }
 
+// Its profile is thrown away with the temporary folder, so nothing is lost by killing it.
 HeadlessBrowser::~HeadlessBrowser()
 {
-    if (m_process.state() == QProcess::NotRunning)
-        return;
-    m_process.terminate();
-    if (!m_process.waitForFinished(5000)) {
-        m_process.kill();
-        m_process.waitForFinished(5000);
-    }
+    m_process.kill();
+    m_process.waitForFinished(5000);
 }
 
 bool HeadlessBrowser::start(QString *whyNot)

@@ -1,72 +1,26 @@
 #include "support/ReferenceServer.h"
 
-#include "account/Client.h"
 #include "account/TokenManager.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
-#include <QNetworkAccessManager>
-#include <QNetworkReply>
-#include <QSignalSpy>
-#include <QTest>
-
-bool ReferenceServer::start()
-{
-    OmbrelServer::ServerOptions options;
-    options.dataDir = m_dir.path();
-    options.port = 0;
-    m_server = std::make_unique<OmbrelServer::Server>(options);
-    QString error;
-    if (!m_server->start(&error)) {
-        qWarning().noquote() << "reference server:" << error;
-        return false;
-    }
-    return true;
-}
-
-QUrl ReferenceServer::syncBase() const
-{
-    QUrl url = baseUrl();
-    url.setPath(QStringLiteral("/ombrel/v1"));
-    return url;
-}
-
-ServerUser ReferenceServer::signUp(const QString &email)
-{
-    return signUpUser(baseUrl(), email);
-}
 
 QJsonObject ReferenceServer::call(const QByteArray &verb, const QString &path, const ServerUser &user,
                                   const QJsonObject &body)
 {
-    QNetworkAccessManager network;
-    QUrl url = baseUrl();
-    url.setPath(path);
-    QNetworkRequest request(url);
-    request.setHeader(QNetworkRequest::ContentTypeHeader, QStringLiteral("application/json"));
-    request.setRawHeader("Authorization", "Bearer " + user.accessToken.toUtf8());
-    QNetworkReply *reply = network.sendCustomRequest(request, verb, QJsonDocument(body).toJson());
-    QSignalSpy finished(reply, &QNetworkReply::finished);
-    if (!finished.wait(10000)) {
-        reply->abort();
-        return {};
-    }
-    reply->deleteLater();
-    return QJsonDocument::fromJson(reply->readAll()).object();
+    return m_server.request(verb, path, QJsonDocument(body).toJson(QJsonDocument::Compact), user.accessToken)
+        .json;
 }
 
 bool ReferenceServer::makeGroup(const QList<ServerUser> &users)
 {
-    for (qsizetype i = 1; i < users.size(); ++i) {
-        const QString code = call("POST", QStringLiteral("/account/v1/group/invite"), users.first())
-                                 .value(QLatin1String("invite_code"))
-                                 .toString();
-        if (code.isEmpty())
+    const TestUser owner{{}, users.first().email, users.first().accessToken, {}};
+    for (const ServerUser &user : users.mid(1)) {
+        if (!m_server.joinGroup(owner, {{}, user.email, user.accessToken, {}}))
             return false;
-        call("POST", QStringLiteral("/account/v1/group/join/%1").arg(code), users.at(i));
     }
-    const QJsonObject group = call("GET", QStringLiteral("/account/v1/group"), users.first());
-    return group.value(QLatin1String("members")).toArray().size() == users.size();
+    return call("GET", QStringLiteral("/account/v1/group"), users.first())["members"].toArray().size() ==
+           users.size();
 }
 
 HalcAccount::Client *ReferenceServer::clientFor(const ServerUser &user)
@@ -81,9 +35,8 @@ HalcAccount::Client *ReferenceServer::clientFor(const ServerUser &user)
                                            QStringLiteral("1.0.0"),
                                            QStringLiteral("linux"),
                                            base};
-    auto &entries = m_tokenEntries.emplace_back();
-    auto client = std::make_unique<HalcAccount::Client>(config, std::make_unique<MemoryTokenStore>(&entries));
+    auto client = std::make_unique<HalcAccount::Client>(
+        config, std::make_unique<MemoryTokenStore>(&m_tokenEntries.emplace_back()));
     client->tokenManager()->setTokens(user.accessToken, user.refreshToken);
-    m_clients.push_back(std::move(client));
-    return m_clients.back().get();
+    return m_clients.emplace_back(std::move(client)).get();
 }

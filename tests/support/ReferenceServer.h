@@ -1,13 +1,12 @@
 #pragma once
 
 #include "account/Client.h"
-#include "server/Server.h"
 #include "support/MemoryTokenStore.h"
 #include "support/SyncDevice.h"
+#include "support/TestServer.h"
 
 #include <QHash>
 #include <QJsonObject>
-#include <QTemporaryDir>
 
 #include <list>
 #include <memory>
@@ -17,12 +16,12 @@
 class ReferenceServer {
 public:
     // Starts a fresh server; false (and the test fails) when it cannot listen.
-    bool start();
+    bool start() { return m_server.start(); }
 
-    QUrl baseUrl() const { return m_server->baseUrl(); }
-    QUrl syncBase() const;
+    QUrl baseUrl() const { return m_server.url({}); }
+    QUrl syncBase() const { return m_server.url(QStringLiteral("/ombrel/v1")); }
     // Signs up e-mail; the display name is the part before the '@'.
-    ServerUser signUp(const QString &email);
+    ServerUser signUp(const QString &email) { return signUpUser(baseUrl(), email); }
     // One call of the REST surface as the user; the reply's object, empty on failure.
     QJsonObject call(const QByteArray &verb, const QString &path, const ServerUser &user,
                      const QJsonObject &body = {});
@@ -33,8 +32,7 @@ public:
     HalcAccount::Client *clientFor(const ServerUser &user);
 
 private:
-    QTemporaryDir m_dir;
-    std::unique_ptr<OmbrelServer::Server> m_server;
+    TestServer m_server;
     std::list<QHash<QString, QString>> m_tokenEntries;
     std::list<std::unique_ptr<HalcAccount::Client>> m_clients;
 };

