@@ -1,5 +1,7 @@
 #include "services/QifParser.h"
 
+#include "support/Line.h"
+
 #include <QTest>
 
 Q_DECLARE_METATYPE(QifDateOrder)
@@ -83,18 +85,9 @@ private slots:
         row("sign after symbol", "$-5", -500);
         row("sign before symbol", "-$5", -500);
         row("plus", "+5", 500);
-        row("euro and blank group",
-            "\xE2\x82\xAC"
-            "1 234,56",
-            123456);
-        row("no-break space",
-            "1\xC2\xA0"
-            "234.50",
-            123450);
-        row("pound",
-            "\xC2\xA3"
-            "7",
-            700);
+        row("euro and blank group", "€1 234,56", 123456);
+        row("no-break space", "1\u00A0234.50", 123450);
+        row("pound", "£7", 700);
         row("half away from zero", "1,000.125", 100013);
         row("negative half away from zero", "-1,000.125", -100013);
         row("trailing point", "5.", 500);
@@ -210,13 +203,10 @@ private slots:
             "PBefore any header\nD1/5/2024\nT-5.00\n^\n"
             "!Type:Bank\nPNo amount\nD1/5/2024\n^\nPNo date\nT1\n^\nPBad date\nD2/30/2024\nT1\n^\n"
             "PBad amount\nD1/5/2024\nTabc\n^\n^\n^\nXunknown letters only\n^\nPLast\nD1/6/2024\nT2"));
-        QCOMPARE(r.skippedRecords, 4);
-        QCOMPARE(r.transactions.size(), 2);
-        QCOMPARE(r.transactions.first().payee, QStringLiteral("Before any header"));
-        QCOMPARE(r.transactions.first().amount, -500);
-        QVERIFY(r.transactions.first().sourceAccount.isEmpty());
-        QCOMPARE(r.transactions.last().payee, QStringLiteral("Last"));
-        QVERIFY(r.accounts.isEmpty());
+        const QifTransaction &first = r.transactions.first();
+        QCOMPARE(line(r.skippedRecords, r.transactions.size(), first.payee, first.amount,
+                      "[" + first.sourceAccount + "]", r.transactions.last().payee, r.accounts.size()),
+                 "4 2 Before any header -500 [] Last 0");
     }
 
     void splits()
@@ -266,11 +256,10 @@ private slots:
         QFETCH(QString, transfer);
         const QifParseResult r =
             QifParser::parse(QStringLiteral("D1/5/2024\nT1\n%1\nS%2\n^").arg(line, line.mid(1)));
-        QCOMPARE(r.transactions.size(), 1);
-        QCOMPARE(r.transactions.first().category, category);
-        QCOMPARE(r.transactions.first().transferAccount, transfer);
-        QCOMPARE(r.transactions.first().splits.first().category, category);
-        QCOMPARE(r.transactions.first().splits.first().transferAccount, transfer);
+        const QifTransaction &t = r.transactions.first();
+        QCOMPARE(::line(r.transactions.size(), t.category, t.transferAccount, t.splits.first().category,
+                      t.splits.first().transferAccount),
+                 ::line(1, category, transfer, category, transfer));
     }
 
     void clearedMarks_data()
@@ -293,8 +282,8 @@ private slots:
         QFETCH(bool, cleared);
         QFETCH(bool, reconciled);
         const QifParseResult r = QifParser::parse(QStringLiteral("D1/5/2024\nT1\n%1\n^").arg(line));
-        QCOMPARE(r.transactions.first().cleared, cleared);
-        QCOMPARE(r.transactions.first().reconciled, reconciled);
+        QCOMPARE(::line(r.transactions.first().cleared, r.transactions.first().reconciled),
+                 ::line(cleared, reconciled));
     }
 
     void accountBlocks()
@@ -323,12 +312,9 @@ private slots:
         const QifParseResult r =
             QifParser::parse(QStringLiteral("!Type:Cat\nNSalary\nDPay\nI\n^\nNFood\nE\n^\n"
                                             "NFood\n^\nDno name\n^\n!Type:Bank\nD1/2/2024\nT1\n"));
-        QCOMPARE(r.categories.size(), 3);
-        QCOMPARE(r.categories.at(0).name, QStringLiteral("Salary"));
-        QCOMPARE(r.categories.at(0).description, QStringLiteral("Pay"));
-        QVERIFY(r.categories.at(0).isIncome);
-        QVERIFY(!r.categories.at(1).isIncome);
-        QCOMPARE(r.categories.at(2).name, QStringLiteral("Food"));
+        QCOMPARE(
+            lines(r.categories, [](const QifCategory &c) { return line(c.name, c.description, c.isIncome); }),
+            (QStringList{"Salary Pay 1", "Food  0", "Food  0"}));
         QCOMPARE(r.transactions.size(), 1);
     }
 
@@ -338,10 +324,9 @@ private slots:
             QStringLiteral("\uFEFF!Type:Bank\r\n\r\nD1/2/2024\r\nT1\r\n^\rD1/3/2024\r  T2  \r^\n"
                            "\uFEFF\r   PSpaced  \nD1/4/2024\nT3\nd1/9/2024\n");
         const QifParseResult r = QifParser::parse(text);
-        QCOMPARE(r.transactions.size(), 3);
-        QCOMPARE(r.transactions.at(1).amount, 200);
-        QCOMPARE(r.transactions.at(2).payee, QStringLiteral("Spaced"));
-        QCOMPARE(r.transactions.at(2).date, QDate(2024, 1, 4));
+        QCOMPARE(line(r.transactions.size(), r.transactions.at(1).amount, r.transactions.at(2).payee,
+                      r.transactions.at(2).date),
+                 "3 200 Spaced 2024-01-04");
         QVERIFY(QifParser::parse(QString()).transactions.isEmpty());
     }
 };
