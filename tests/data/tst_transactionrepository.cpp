@@ -1,5 +1,6 @@
 #include "core/Dates.h"
 #include "support/Fixtures.h"
+#include "support/Line.h"
 #include "support/SpyText.h"
 #include "support/TempStore.h"
 
@@ -17,10 +18,7 @@ const QString kOther = QStringLiteral("other");
 template <typename Rows>
 QStringList idsOf(const Rows &rows)
 {
-    QStringList ids;
-    for (const auto &r : rows)
-        ids << r.id;
-    return ids;
+    return lines(rows, [](const auto &r) { return r.id; });
 }
 } // namespace
 
@@ -42,7 +40,6 @@ class TstTransactionRepository : public QObject {
 private slots:
     void init()
     {
-        m_store.reset();
         m_store.emplace();
         QVERIFY(m_store->ok);
         m_repo = &m_store->transactions;
@@ -72,18 +69,15 @@ private slots:
             QVERIFY(add(QStringLiteral("t%1").arg(i), kAccount, QDate(2026, 1, 1).addDays(i), "P",
                         amounts.at(i)));
         const QList<RegisterRow> rows = m_repo->getByAccountWithBalances(kAccount);
-        QList<qint64> got;
-        for (const RegisterRow &r : rows)
-            got << r.runningBalance;
-        QCOMPARE(got, balances);
+        QCOMPARE(lines(rows, [](const RegisterRow &r) { return line(r.runningBalance); }),
+                 lines(balances, [](qint64 b) { return line(b); }));
         QCOMPARE(m_repo->getBalance(kAccount), balances.isEmpty() ? starting : balances.last());
         if (starting != 0) {
-            const RegisterRow &opening = rows.first();
-            QVERIFY(opening.id.isEmpty() && opening.cleared && opening.reconciled);
-            QCOMPARE(opening.payee, QStringLiteral("Opening Balance"));
-            QCOMPARE(opening.amount, starting);
+            const RegisterRow &o = rows.first();
             // Dated at the first transaction, or today without one.
-            QCOMPARE(opening.date, amounts.isEmpty() ? QDate::currentDate() : QDate(2026, 1, 1));
+            QCOMPARE(line("[" + o.id + "]", o.cleared, o.reconciled, o.payee, o.amount, o.date),
+                     line("[]", true, true, "Opening Balance", starting,
+                          amounts.isEmpty() ? QDate::currentDate() : QDate(2026, 1, 1)));
         }
     }
 
@@ -105,8 +99,9 @@ private slots:
     {
         addAccount(kAccount, 5000);
         addAccount(kOther);
-        QVERIFY(!m_repo->getReconciledTotal(kAccount).latestDate.isValid());
-        QCOMPARE(m_repo->getReconciledTotal(kAccount).amount, qint64(0));
+        QCOMPARE(line(m_repo->getReconciledTotal(kAccount).latestDate.isValid(),
+                      m_repo->getReconciledTotal(kAccount).amount),
+                 "0 0");
         const auto add = [this](const char *id, const QString &account, const QDate &date, qint64 amount,
                                 bool reconciled) {
             Transaction t = transaction(QLatin1String(id), account, date, QLatin1String(id), amount);
@@ -121,8 +116,8 @@ private slots:
         add("elsewhere", kOther, QDate(2026, 4, 1), 999, true);
         QVERIFY(m_repo->softDelete(QStringLiteral("deleted")));
         const TransactionRepository::ReconciledTotal total = m_repo->getReconciledTotal(kAccount);
-        QCOMPARE(total.amount, qint64(37500)); // the starting balance is the account's, not in here
-        QCOMPARE(total.latestDate, QDate(2026, 1, 10));
+        // The starting balance is the account's, not in here.
+        QCOMPARE(line(total.amount, total.latestDate), "37500 2026-01-10");
     }
 
     void softDeletedRowLeavesEveryListButById()
@@ -250,12 +245,11 @@ private slots:
         QVERIFY(m_repo->getByAccount(kAccount).isEmpty());
         QCOMPARE(m_repo->getByAccount(kOther).size(), 1);
         QCOMPARE(m_repo->restoreByAccount(kAccount, timestampText(accountDeleted.addSecs(-10))), 2);
-        const QList<Transaction> back = m_repo->getByAccount(kAccount);
-        QStringList ids = idsOf(back);
-        ids.sort();
-        QCOMPARE(ids, (QStringList{"a", "b"}));
-        for (const Transaction &t : back)
-            QCOMPARE(t.syncStatus, SyncStatus::Pending);
+        QStringList back = lines(m_repo->getByAccount(kAccount), [](const Transaction &t) {
+            return line(t.id, syncStatusToString(t.syncStatus));
+        });
+        back.sort();
+        QCOMPARE(back, (QStringList{"a pending", "b pending"}));
     }
 
     void pausedSearchIndexCatchesUpAtResume()
