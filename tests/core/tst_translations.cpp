@@ -85,11 +85,9 @@ QStringList mnemonics(const QList<QAction *> &actions)
 
 QString firstDuplicate(const QStringList &list)
 {
-    for (qsizetype i = 0; i < list.size(); ++i) {
-        if (list.indexOf(list.at(i), i + 1) > 0)
-            return list.at(i);
-    }
-    return {};
+    const auto it =
+        std::find_if(list.begin(), list.end(), [&list](const QString &s) { return list.count(s) > 1; });
+    return it == list.end() ? QString() : *it;
 }
 
 } // namespace
@@ -203,14 +201,12 @@ private slots:
     {
         QTest::addColumn<QString>("language");
         QTest::addColumn<QString>("cancel");
-        QTest::newRow("es") << "es"
-                            << "Cancelar";
-        QTest::newRow("de") << "de"
-                            << "Abbrechen";
-        QTest::newRow("fr") << "fr"
-                            << "Annuler";
-        QTest::newRow("ja") << "ja"
-                            << "キャンセル";
+        // clang-format off
+        QTest::newRow("es") << "es" << "Cancelar";
+        QTest::newRow("de") << "de" << "Abbrechen";
+        QTest::newRow("fr") << "fr" << "Annuler";
+        QTest::newRow("ja") << "ja" << "キャンセル";
+        // clang-format on
     }
 
     // Loaded the way the application loads it, then seen on a standard dialog's button.

@@ -258,7 +258,7 @@ private slots:
             QifParser::parse(QStringLiteral("D1/5/2024\nT1\n%1\nS%2\n^").arg(line, line.mid(1)));
         const QifTransaction &t = r.transactions.first();
         QCOMPARE(::line(r.transactions.size(), t.category, t.transferAccount, t.splits.first().category,
-                      t.splits.first().transferAccount),
+                        t.splits.first().transferAccount),
                  ::line(1, category, transfer, category, transfer));
     }
 

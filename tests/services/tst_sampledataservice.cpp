@@ -23,7 +23,6 @@ private slots:
     void init()
     {
         m_service.reset();
-        m_db.reset();
         m_db.emplace();
         QVERIFY(m_db->open());
         CategoryRepository categories(m_db->database());
@@ -35,9 +34,7 @@ private slots:
             "INSERT INTO transactions (id, account_id, date, payee, amount, created_at, updated_at) "
             "VALUES ('my-row', 'mine', '2025-01-02', 'Baker', -500, '2025-01-02T00:00:00Z', "
             "'2025-01-02T00:00:00Z')"));
-        QVERIFY(!m_service->hasSampleData());
-        QVERIFY(m_service->loadSampleData());
-        QVERIFY(m_service->hasSampleData());
+        QVERIFY(!m_service->hasSampleData() && m_service->loadSampleData() && m_service->hasSampleData());
     }
 
     void loadsThreeAccountsAndTheirRows()
