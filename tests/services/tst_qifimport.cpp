@@ -137,8 +137,8 @@ private slots:
         const auto accounts = map({"Savings", "sav", "Checking", "chk"});
         QCOMPARE(ImportStore::counts(import({savings}, accounts)), "i1 d0 s0 m0 u0 t1 r1 f0 x0");
         old = *m_s->transactions.getById(old.id);
-        QCOMPARE(describe(old), QStringLiteral("chk -10000 Landlord [rent] >sav v2 pending sav"));
-        QCOMPARE(old.serverId, QStringLiteral("server-1"));
+        QCOMPARE(line(describe(old), old.serverId),
+                 "chk -10000 Landlord [rent] >sav v2 pending sav server-1");
         QCOMPARE(describeAll("sav"), QStringList{"sav 10000 Landlord [] >chk v1 pending chk"});
 
         // A linked row is no candidate any more: the same transfer once more is a duplicate, and a
@@ -162,10 +162,7 @@ private slots:
                  "i5 d0 s0 m0 u0 t2 r0 f0 x0");
         for (const Transaction &t : m_s->rows("sav"))
             QCOMPARE(m_s->transactions.getById(t.transferLinkId)->payee, t.payee);
-        int hinted = 0;
-        for (const Transaction &t : m_s->rows("chk"))
-            hinted += t.memo.startsWith(QStringLiteral("[→ Savings]")) ? 1 : 0;
-        QCOMPARE(hinted, 1);
+        QCOMPARE(count("transactions WHERE account_id = 'chk' AND memo LIKE '[→ Savings]%'"), 1);
     }
 
     void failedPartnerUpdateRollsEverythingBack()
@@ -185,21 +182,18 @@ private slots:
         QSignalSpy changed(&m_s->transactions, &TransactionRepository::transactionsChanged);
         const auto accounts = map({"Savings", "sav", "Checking", "chk"});
         QCOMPARE(ImportStore::counts(import({savings}, accounts)), "i1 d0 s0 m0 u0 t0 r0 f0 x0 aborted");
-        QCOMPARE(progress.last(), (QList<QVariant>{3, 3}));
-        QCOMPARE(changed.count(), 0);
-        QCOMPARE(count("transactions"), rows);
-        QCOMPARE(count("categories"), categories);
-        QCOMPARE(count("split_lines"), 0);
-        QCOMPARE(count("transactions_fts WHERE transactions_fts MATCH 'Before'"), 0);
-        QCOMPARE(m_s->rows("chk").last().memo, QStringLiteral("[→ Savings] rent"));
+        QCOMPARE(line(spyText(progress).section(' ', -1), changed.count(), count("transactions"),
+                      count("categories"), count("split_lines"),
+                      count("transactions_fts WHERE transactions_fts MATCH 'Before'"),
+                      m_s->rows("chk").last().memo),
+                 line("3,3", 0, rows, categories, 0, 0, "[→ Savings] rent"));
 
         // The database is usable afterwards, and the same import goes through once the refusal is gone.
         QVERIFY(m_s->db.exec(QStringLiteral("DROP TRIGGER refuse")));
         QCOMPARE(ImportStore::counts(import({savings}, accounts)), "i3 d0 s0 m0 u0 t1 r1 f0 x0");
         // The search index holds the new rows, and the old one under its new memo.
-        QCOMPARE(m_s->transactions.search(QStringLiteral("Before"), {}).size(), 1);
-        QCOMPARE(m_s->transactions.search(QStringLiteral("Landlord"), {}).size(), 2);
-        QCOMPARE(m_s->transactions.search(QStringLiteral("rent"), {}).size(), 1);
+        const auto found = [this](const char *word) { return m_s->transactions.search(word, {}).size(); };
+        QCOMPARE(line(found("Before"), found("Landlord"), found("rent")), "1 2 1");
     }
 
     void refusedRowIsCountedAndTheRestStays()
