@@ -267,18 +267,17 @@ private slots:
         const QByteArray name = "accounts/a.json", row = accountRow("a", "A");
         const QString notZip = QStringLiteral("Failed to open ZIP archive");
         const QString noManifest = QStringLiteral("Invalid backup: missing manifest.json");
-        QTest::newRow("not a ZIP") << QByteArray("PK but no more than a few words") << notZip;
-        QTest::newRow("empty file") << QByteArray() << notZip;
-        QTest::newRow("entry over the size limit")
-            << archiveOf({name, row, "notes/big.bin", QByteArray(17 * 1024 * 1024, 'x')}) << notZip;
-        QTest::newRow("no manifest") << archiveOf({name, row}, false) << noManifest;
-        QTest::newRow("no entries at all") << archiveOf({}, false) << noManifest;
-        QTest::newRow("empty manifest") << archiveOf({name, row, "manifest.json", ""}, false) << noManifest;
-        QTest::newRow("version 2") << archiveOf({name, row, "manifest.json", manifest(2)}, false)
-                                   << QStringLiteral("Unsupported backup version: 2");
-        QTest::newRow("version as text")
-            << archiveOf({name, row, "manifest.json", "{\"version\": \"1\"}"}, false)
-            << QStringLiteral("Unsupported backup version: 0");
+        const QByteArray named = "manifest.json";
+        // clang-format off
+        QTest::newRow("not a ZIP")                << QByteArray("PK but no more than a few words") << notZip;
+        QTest::newRow("empty file")               << QByteArray() << notZip;
+        QTest::newRow("entry over the size limit") << archiveOf({name, row, "notes/big.bin", QByteArray(17 * 1024 * 1024, 'x')}) << notZip;
+        QTest::newRow("no manifest")              << archiveOf({name, row}, false) << noManifest;
+        QTest::newRow("no entries at all")        << archiveOf({}, false) << noManifest;
+        QTest::newRow("empty manifest")           << archiveOf({name, row, named, ""}, false) << noManifest;
+        QTest::newRow("version 2")                << archiveOf({name, row, named, manifest(2)}, false) << "Unsupported backup version: 2";
+        QTest::newRow("version as text")          << archiveOf({name, row, named, "{\"version\": \"1\"}"}, false) << "Unsupported backup version: 0";
+        // clang-format on
     }
 
     void refusedArchivesImportNothing()

@@ -52,34 +52,29 @@ private slots:
     {
         QTest::addColumn<QDate>("from");
         QTest::addColumn<Frequency>("frequency");
-        QTest::addColumn<QList<QDate>>("steps");
+        QTest::addColumn<QString>("steps");
         using D = QDate;
-        QTest::newRow("31 Jan, monthly, stays on the 28th after February")
-            << D(2025, 1, 31) << Frequency::Monthly
-            << QList<D>{D(2025, 2, 28), D(2025, 3, 28), D(2025, 4, 28)};
-        QTest::newRow("31 Jan of a leap year")
-            << D(2024, 1, 31) << Frequency::Monthly << QList<D>{D(2024, 2, 29), D(2024, 3, 29)};
-        QTest::newRow("30 Nov, quarterly")
-            << D(2024, 11, 30) << Frequency::Quarterly << QList<D>{D(2025, 2, 28), D(2025, 5, 28)};
-        QTest::newRow("quarterly into a leap February")
-            << D(2023, 11, 30) << Frequency::Quarterly << QList<D>{D(2024, 2, 29)};
-        QTest::newRow("29 Feb, annual")
-            << D(2024, 2, 29) << Frequency::Annual
-            << QList<D>{D(2025, 2, 28), D(2026, 2, 28), D(2027, 2, 28), D(2028, 2, 28)};
-        QTest::newRow("31 Aug, semi-annual")
-            << D(2023, 8, 31) << Frequency::SemiAnnual << QList<D>{D(2024, 2, 29), D(2024, 8, 29)};
-        QTest::newRow("biweekly") << D(2025, 12, 25) << Frequency::Biweekly << QList<D>{D(2026, 1, 8)};
-        QTest::newRow("unknown value steps a month")
-            << D(2025, 1, 15) << Frequency(42) << QList<D>{D(2025, 2, 15)};
+        // clang-format off
+        QTest::newRow("31 Jan, monthly, stays on the 28th") << D(2025, 1, 31) << Frequency::Monthly << "2025-02-28 2025-03-28 2025-04-28";
+        QTest::newRow("31 Jan of a leap year")      << D(2024, 1, 31)  << Frequency::Monthly    << "2024-02-29 2024-03-29";
+        QTest::newRow("30 Nov, quarterly")          << D(2024, 11, 30) << Frequency::Quarterly  << "2025-02-28 2025-05-28";
+        QTest::newRow("quarterly into a leap Feb")  << D(2023, 11, 30) << Frequency::Quarterly  << "2024-02-29";
+        QTest::newRow("29 Feb, annual")             << D(2024, 2, 29)  << Frequency::Annual     << "2025-02-28 2026-02-28 2027-02-28 2028-02-28";
+        QTest::newRow("31 Aug, semi-annual")        << D(2023, 8, 31)  << Frequency::SemiAnnual << "2024-02-29 2024-08-29";
+        QTest::newRow("biweekly")                   << D(2025, 12, 25) << Frequency::Biweekly   << "2026-01-08";
+        QTest::newRow("unknown value steps a month") << D(2025, 1, 15) << Frequency(42)         << "2025-02-15";
+        // clang-format on
     }
 
     void nextDate()
     {
         QFETCH(QDate, from);
         QFETCH(Frequency, frequency);
-        QFETCH(QList<QDate>, steps);
-        for (const QDate &expected : steps)
-            QCOMPARE(from = RecurringService::nextDate(from, frequency), expected);
+        QFETCH(QString, steps);
+        QStringList got;
+        for (qsizetype i = steps.count(' '); i >= 0; --i)
+            got << line(from = RecurringService::nextDate(from, frequency));
+        QCOMPARE(got.join(' '), steps);
     }
 
     void weeklyRuleBehindPostsEachOccurrenceOnItsDate()
