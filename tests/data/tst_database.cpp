@@ -148,13 +148,13 @@ private slots:
         QSignalSpy applied(db.database(), &Database::migrationApplied);
         QVERIFY(db.database()->runMigrations());
         QCOMPARE(spyText(applied), "2,recon_sync");
-        QCOMPARE(db.scalar("SELECT group_concat(created_at || ' ' || updated_at || ' ' || version || ' ' || "
-                           "sync_status "
-                           "|| ' ' || IFNULL(server_id, '-') || ' ' || IFNULL(deleted_at, '-'), ', ') "
-                           "FROM (SELECT * FROM reconciliations ORDER BY id)")
-                     .toString(),
-                 QStringLiteral("2020-02-03T10:00:00Z 2020-02-03T10:00:00Z 1 pending - -, "
-                                "2020-03-02T09:30:00Z 2020-03-02T09:30:00Z 1 pending - -"));
+        QCOMPARE(
+            db.scalar("SELECT group_concat(created_at || ' ' || updated_at || ' ' || version || ' ' || "
+                      "sync_status || ' ' || IFNULL(server_id, '-') || ' ' || IFNULL(deleted_at, '-'), ', ') "
+                      "FROM (SELECT * FROM reconciliations ORDER BY id)")
+                .toString(),
+            QStringLiteral("2020-02-03T10:00:00Z 2020-02-03T10:00:00Z 1 pending - -, "
+                           "2020-03-02T09:30:00Z 2020-03-02T09:30:00Z 1 pending - -"));
     }
 
     void leavesNewerFileAlone()

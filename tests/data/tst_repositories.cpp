@@ -253,8 +253,7 @@ private slots:
                                                      timestampText(accountDeleted.addSecs(-10))),
                  1);
         QCOMPARE(ids("SELECT group_concat(id) FROM recurring_transactions WHERE deleted_at IS NULL AND "
-                     "sync_status = "
-                     "'pending'"),
+                     "sync_status = 'pending'"),
                  QStringLiteral("r"));
     }
 

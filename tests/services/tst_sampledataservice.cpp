@@ -125,14 +125,12 @@ private slots:
     void transfersShareOneTokenThatIsNeitherRow()
     {
         QCOMPARE(count("transactions WHERE transfer_link_id IS NOT NULL"), 4);
-        QCOMPARE(count("transactions a JOIN transactions b ON a.transfer_link_id = b.transfer_link_id AND "
-                       "a.id < b.id "
-                       "WHERE a.date = b.date AND a.amount = -b.amount AND a.transfer_dest_account_id = "
-                       "b.account_id "
-                       "AND b.transfer_dest_account_id = a.account_id AND a.transfer_link_id LIKE "
-                       "'sample-xfer-%' AND "
-                       "a.transfer_link_id NOT IN (a.id, b.id)"),
-                 2);
+        QCOMPARE(
+            count("transactions a JOIN transactions b ON a.transfer_link_id = b.transfer_link_id AND "
+                  "a.id < b.id WHERE a.date = b.date AND a.amount = -b.amount AND "
+                  "a.transfer_dest_account_id = b.account_id AND b.transfer_dest_account_id = a.account_id "
+                  "AND a.transfer_link_id LIKE 'sample-xfer-%' AND a.transfer_link_id NOT IN (a.id, b.id)"),
+            2);
         QCOMPARE(
             count("transactions WHERE payee = 'Payment - Thank You' AND transfer_link_id IS NULL AND memo = "
                   "'Credit card payment'"),
