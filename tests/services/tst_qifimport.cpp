@@ -41,19 +41,13 @@ class TstQifImport : public QObject {
     QString describe(const Transaction &t)
     {
         const auto partner = m_s->transactions.getById(t.transferLinkId);
-        return QStringLiteral("%1 %2 %3 [%4] >%5 v%6 %7 %8")
-            .arg(t.accountId)
-            .arg(t.amount)
-            .arg(t.payee, t.memo, t.transferDestAccountId)
-            .arg(t.version)
-            .arg(syncStatusToString(t.syncStatus),
-                 partner && partner->transferLinkId == t.id ? partner->accountId : "-");
+        return line(t.accountId, t.amount, t.payee, "[" + t.memo + "]", ">" + t.transferDestAccountId,
+                    "v" + QString::number(t.version), syncStatusToString(t.syncStatus),
+                    partner && partner->transferLinkId == t.id ? partner->accountId : "-");
     }
     QStringList describeAll(const QString &accountId)
     {
-        QStringList out;
-        for (const Transaction &t : m_s->rows(accountId))
-            out << describe(t);
+        QStringList out = lines(m_s->rows(accountId), [this](const Transaction &t) { return describe(t); });
         out.sort();
         return out;
     }
