@@ -215,15 +215,13 @@ private slots:
     void emptyRangeGivesNothing()
     {
         const QDate from(2030, 1, 1), to(2030, 12, 31);
-        QVERIFY(m_reports->categorySpending(from, to, QString()).isEmpty());
-        QVERIFY(m_reports->payeeSummary(from, to, QString()).isEmpty());
-        QVERIFY(m_reports->taxReport(from, to).isEmpty());
-        QVERIFY(m_reports->incomeVsExpenses(from, to, QString()).isEmpty());
-        QVERIFY(m_reports->cashFlow(from, to, QString()).isEmpty());
-        QVERIFY(m_reports->yearOverYear(from, to, from, to, QString()).isEmpty());
-        QVERIFY(m_reports->transactions(from, to, QString(), QString()).isEmpty());
+        ReportService &r = *m_reports;
         // A range the wrong way round is empty too, not swapped.
-        QVERIFY(m_reports->cashFlow(kMarch31, kMarch1, QString()).isEmpty());
+        QCOMPARE(line(r.categorySpending(from, to, {}).size(), r.payeeSummary(from, to, {}).size(),
+                      r.taxReport(from, to).size(), r.incomeVsExpenses(from, to, {}).size(),
+                      r.cashFlow(from, to, {}).size(), r.yearOverYear(from, to, from, to, {}).size(),
+                      r.transactions(from, to, {}, {}).size(), r.cashFlow(kMarch31, kMarch1, {}).size()),
+                 "0 0 0 0 0 0 0 0");
     }
 
     void csvQuotesEveryCell()
