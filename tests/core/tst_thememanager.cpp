@@ -1,5 +1,6 @@
 #include "core/ThemeManager.h"
 #include "data/PreferencesRepository.h"
+#include "support/Line.h"
 #include "support/SpyText.h"
 #include "support/TempDatabase.h"
 
@@ -28,7 +29,6 @@ private slots:
         ThemeManager::setCurrentFontScale(100);
         m_theme.reset();
         m_prefs.reset();
-        m_db.reset();
         m_db.emplace();
         QVERIFY(m_db->open());
         m_prefs.emplace(m_db->database());
@@ -71,8 +71,8 @@ private slots:
         QFETCH(int, weight);
         ThemeManager::setBaseFont(base);
         ThemeManager::setCurrentFontScale(scale);
-        QCOMPARE(ThemeManager::fontForRole(role).pointSize(), pointSize);
-        QCOMPARE(int(ThemeManager::fontForRole(role).weight()), weight);
+        const QFont font = ThemeManager::fontForRole(role);
+        QCOMPARE(line(font.pointSize(), int(font.weight())), line(pointSize, weight));
     }
 
     void setFontScale_data()
@@ -92,10 +92,10 @@ private slots:
         QFETCH(int, appPointSize);
         QSignalSpy scaleSpy(&*m_theme, &ThemeManager::fontScaleChanged);
         m_theme->setFontScale(requested);
-        QCOMPARE(ThemeManager::currentFontScale(), stored);
-        QCOMPARE(m_prefs->getOr(QStringLiteral("fontScale"), QString()), QString::number(stored));
-        QCOMPARE(QApplication::font().pointSize(), appPointSize);
-        QCOMPARE(spyText(scaleSpy), QString::number(stored));
+        QCOMPARE(line(ThemeManager::currentFontScale(),
+                      m_prefs->getOr(QStringLiteral("fontScale"), QString()),
+                      QApplication::font().pointSize(), spyText(scaleSpy)),
+                 line(stored, stored, appPointSize, stored));
     }
 
     void setFontScaleRefontsRoleWidgets()
@@ -107,16 +107,12 @@ private slots:
         emphasised.setProperty("halcFontWeight", 300);
         plain.setFont(QFont(QStringLiteral("Sans"), 20));
         m_theme->setFontScale(160);
-        QCOMPARE(display.font().pointSize(), 28);
-        QVERIFY(!display.font().italic());
-        QCOMPARE(emphasised.font().pointSize(), 12);
-        QVERIFY(emphasised.font().italic());
-        QCOMPARE(int(emphasised.font().weight()), 300);
-        QCOMPARE(plain.font().pointSize(), 20);
+        QCOMPARE(line(display.font().pointSize(), display.font().italic(), emphasised.font().pointSize(),
+                      emphasised.font().italic(), int(emphasised.font().weight()), plain.font().pointSize()),
+                 "28 0 12 1 300 20");
         // Scaling back starts again from the base font rather than compounding on the scaled one.
         m_theme->setFontScale(100);
-        QCOMPARE(display.font().pointSize(), 23);
-        QCOMPARE(QApplication::font().pointSize(), 9);
+        QCOMPARE(line(display.font().pointSize(), QApplication::font().pointSize()), "23 9");
     }
 
     void setThemeByName_data()
@@ -141,10 +137,10 @@ private slots:
         m_theme->setTheme(ThemeManager::Dark);
         QSignalSpy spy(&*m_theme, &ThemeManager::themeChanged);
         m_theme->setThemeByName(name);
-        QCOMPARE(m_theme->theme(), theme);
-        QCOMPARE(m_prefs->getOr(QStringLiteral("theme"), QString()), word);
-        QCOMPARE(spy.count(), 1);
-        QCOMPARE(spy.at(0).at(0).value<ThemeManager::Theme>(), theme);
+        // The signal names the theme by its key.
+        QCOMPARE(
+            line(int(m_theme->theme()), m_prefs->getOr(QStringLiteral("theme"), QString()), spyText(spy)),
+            line(int(theme), word, QMetaEnum::fromType<ThemeManager::Theme>().valueToKey(theme)));
         const QPalette palette = QApplication::palette();
         QStringList colors;
         for (const QColor &color :

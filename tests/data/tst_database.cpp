@@ -1,10 +1,14 @@
 #include "data/Database.h"
+#include "support/Line.h"
+#include "support/SpyText.h"
 #include "support/TempDatabase.h"
 
 #include <QFile>
 #include <QSignalSpy>
 #include <QSqlQuery>
 #include <QTest>
+
+#include <optional>
 
 namespace {
 
@@ -30,6 +34,10 @@ bool tableExists(TempDatabase &db, const QString &name)
                .toInt() == 1;
 }
 
+const QString kSchemaVersion =
+    QStringLiteral("CREATE TABLE schema_version (version INTEGER PRIMARY KEY, name TEXT NOT NULL, "
+                   "applied_at TEXT NOT NULL DEFAULT (datetime('now')))");
+
 const QString kAccount =
     QStringLiteral("INSERT INTO accounts (id, name, created_at, updated_at) "
                    "VALUES ('a1', 'Checking', '2020-01-01T00:00:00Z', '2020-01-01T00:00:00Z')");
@@ -38,7 +46,16 @@ const QString kAccount =
 
 class TstDatabase : public QObject {
     Q_OBJECT
+    // Opened but not migrated: each case brings the file to the state it starts from.
+    std::optional<TempDatabase> m_db;
+
 private slots:
+    void init()
+    {
+        m_db.emplace();
+        QVERIFY(m_db->open(false));
+    }
+
     void splitStatements_data()
     {
         QTest::addColumn<QString>("sql");
@@ -68,28 +85,26 @@ private slots:
 
     void migratesNewFileOnce()
     {
-        TempDatabase db;
-        QVERIFY(db.open(false));
+        TempDatabase &db = *m_db;
         QSignalSpy applied(db.database(), &Database::migrationApplied);
         QSignalSpy failed(db.database(), &Database::migrationError);
         QVERIFY(db.database()->runMigrations());
-        QCOMPARE(applied.size(), 2);
-        QCOMPARE(schemaRows(db), QStringLiteral("1 initial, 2 recon_sync"));
+        QCOMPARE(line(applied.size(), schemaRows(db)), "2 1 initial, 2 recon_sync");
         for (const char *table : {"accounts", "categories", "transactions", "transactions_fts", "split_lines",
                                   "recurring_transactions", "reconciliations", "transaction_templates",
                                   "sync_queue", "preferences"})
             QVERIFY2(tableExists(db, QString::fromLatin1(table)), table);
-        QCOMPARE(db.scalar(QStringLiteral("PRAGMA journal_mode")).toString(), QStringLiteral("wal"));
-        QCOMPARE(db.scalar(QStringLiteral("PRAGMA foreign_keys")).toInt(), 1);
         QVERIFY(db.database()->runMigrations());
-        QCOMPARE(applied.size(), 2);
-        QCOMPARE(failed.size(), 0);
+        QCOMPARE(line(db.scalar(QStringLiteral("PRAGMA journal_mode")).toString(),
+                      db.scalar(QStringLiteral("PRAGMA foreign_keys")).toInt(), applied.size(),
+                      failed.size()),
+                 "wal 1 2 0");
     }
 
     void registerIndexMadeAtOpen()
     {
-        TempDatabase db;
-        QVERIFY(db.open());
+        TempDatabase &db = *m_db;
+        QVERIFY(db.database()->runMigrations());
         // A file from before the register's index gets it on the next open, under no new version.
         QVERIFY(db.exec(QStringLiteral("DROP INDEX idx_transactions_account_date")));
         QSignalSpy applied(db.database(), &Database::migrationApplied);
@@ -123,11 +138,8 @@ private slots:
     void migratesVersionOneAndBackfillsReconciliations()
     {
         // A file as version 1 left it, built from version 1's own SQL.
-        TempDatabase db;
-        QVERIFY(db.open(false));
-        QVERIFY(db.exec(
-            QStringLiteral("CREATE TABLE IF NOT EXISTS schema_version (  version INTEGER PRIMARY KEY,  "
-                           "name    TEXT NOT NULL,  applied_at TEXT NOT NULL DEFAULT (datetime('now')))")));
+        TempDatabase &db = *m_db;
+        QVERIFY(db.exec(kSchemaVersion));
         QVERIFY(db.database()->applyMigration(1, QStringLiteral("initial"), migrationText(kInitial)));
         QVERIFY(db.exec(kAccount));
         QVERIFY(db.exec(QStringLiteral("INSERT INTO reconciliations VALUES "
@@ -135,24 +147,20 @@ private slots:
                                        "('r2', 'a1', '2020-03-01', -50, -50, '2020-03-02T09:30:00Z')")));
         QSignalSpy applied(db.database(), &Database::migrationApplied);
         QVERIFY(db.database()->runMigrations());
-        QCOMPARE(applied.size(), 1);
-        QCOMPARE(applied.first().at(0).toInt(), 2);
-        QCOMPARE(db.scalar("SELECT group_concat(created_at || ' ' || updated_at || ' ' || version || ' ' || "
-                           "sync_status "
-                           "|| ' ' || IFNULL(server_id, '-') || ' ' || IFNULL(deleted_at, '-'), ', ') "
-                           "FROM (SELECT * FROM reconciliations ORDER BY id)")
-                     .toString(),
-                 QStringLiteral("2020-02-03T10:00:00Z 2020-02-03T10:00:00Z 1 pending - -, "
-                                "2020-03-02T09:30:00Z 2020-03-02T09:30:00Z 1 pending - -"));
+        QCOMPARE(spyText(applied), "2,recon_sync");
+        QCOMPARE(
+            db.scalar("SELECT group_concat(created_at || ' ' || updated_at || ' ' || version || ' ' || "
+                      "sync_status || ' ' || IFNULL(server_id, '-') || ' ' || IFNULL(deleted_at, '-'), ', ') "
+                      "FROM (SELECT * FROM reconciliations ORDER BY id)")
+                .toString(),
+            QStringLiteral("2020-02-03T10:00:00Z 2020-02-03T10:00:00Z 1 pending - -, "
+                           "2020-03-02T09:30:00Z 2020-03-02T09:30:00Z 1 pending - -"));
     }
 
     void leavesNewerFileAlone()
     {
-        TempDatabase db;
-        QVERIFY(db.open(false));
-        QVERIFY(db.exec(
-            QStringLiteral("CREATE TABLE schema_version (version INTEGER PRIMARY KEY, name TEXT NOT NULL, "
-                           "applied_at TEXT NOT NULL DEFAULT (datetime('now')))")));
+        TempDatabase &db = *m_db;
+        QVERIFY(db.exec(kSchemaVersion));
         QVERIFY(db.exec(QStringLiteral("INSERT INTO schema_version (version, name) VALUES (3, 'future')")));
         QSignalSpy applied(db.database(), &Database::migrationApplied);
         QVERIFY(db.database()->runMigrations());
@@ -162,8 +170,8 @@ private slots:
 
     void brokenMigrationLeavesNothingBehind()
     {
-        TempDatabase db;
-        QVERIFY(db.open());
+        TempDatabase &db = *m_db;
+        QVERIFY(db.database()->runMigrations());
         QSignalSpy failed(db.database(), &Database::migrationError);
         QTest::ignoreMessage(QtCriticalMsg,
                              QRegularExpression(QStringLiteral("^Migration 3 failed: .*\nStatement: ")));
@@ -172,18 +180,17 @@ private slots:
                                            QStringLiteral("CREATE TABLE first_half (x INTEGER);\n"
                                                           "ALTER TABLE accounts ADD COLUMN flag INTEGER;\n"
                                                           "CREATE TABLE second_half (;\n")));
-        QCOMPARE(failed.size(), 1);
-        QCOMPARE(failed.first().at(0).toInt(), 3);
-        QVERIFY(!tableExists(db, QStringLiteral("first_half")));
-        QCOMPARE(db.scalar("SELECT COUNT(*) FROM pragma_table_info('accounts') WHERE name = 'flag'").toInt(),
-                 0);
-        QCOMPARE(schemaRows(db), QStringLiteral("1 initial, 2 recon_sync"));
+        QCOMPARE(
+            line(failed.size(), failed.first().at(0).toInt(), tableExists(db, QStringLiteral("first_half")),
+                 db.scalar("SELECT COUNT(*) FROM pragma_table_info('accounts') WHERE name = 'flag'").toInt(),
+                 schemaRows(db)),
+            "1 3 0 0 1 initial, 2 recon_sync");
     }
 
     void fullTextIndexFollowsUpdates()
     {
-        TempDatabase db;
-        QVERIFY(db.open());
+        TempDatabase &db = *m_db;
+        QVERIFY(db.database()->runMigrations());
         QVERIFY(db.exec(kAccount));
         QVERIFY(db.exec(
             QStringLiteral("INSERT INTO transactions (id, account_id, date, payee, memo, amount, "
@@ -196,12 +203,11 @@ private slots:
                         .arg(QLatin1String(word)))
                 .toInt();
         };
-        QCOMPARE(matches("bakery"), 1);
+        const int before = matches("bakery");
         QVERIFY(db.exec(QStringLiteral("UPDATE transactions SET payee = 'Harbour Fish' WHERE id = 't1'")));
-        QCOMPARE(matches("bakery"), 0);
-        QCOMPARE(matches("harbour"), 1);
+        const QString updated = line(before, matches("bakery"), matches("harbour"));
         QVERIFY(db.exec(QStringLiteral("DELETE FROM transactions WHERE id = 't1'")));
-        QCOMPARE(matches("harbour"), 0);
+        QCOMPARE(line(updated, matches("harbour")), "1 0 1 0");
     }
 
     void openFailsOnUnreachablePath()

@@ -4,6 +4,7 @@
 #include "core/Dates.h"
 #include "data/PreferencesRepository.h"
 #include "support/Fixtures.h"
+#include "support/Line.h"
 #include "support/TempStore.h"
 
 #include <QRegularExpression>
@@ -59,7 +60,6 @@ private slots:
     void init()
     {
         m_prefs.reset();
-        m_store.reset();
         m_store.emplace();
         QVERIFY(m_store->ok);
         m_prefs.emplace(m_store->db.database());
@@ -78,28 +78,20 @@ private slots:
         a.syncStatus = SyncStatus::Synced;
         QSignalSpy changed(&m_store->accounts, &AccountRepository::accountsChanged);
         QVERIFY(m_store->accounts.insert(a));
-        QCOMPARE(changed.size(), 1);
-        const auto read = m_store->accounts.getById(QStringLiteral("a1"));
-        QVERIFY(read && read->isShared && !read->deletedAt);
-        QCOMPARE(read->accountType, AccountType::CreditCard);
-        QCOMPARE(read->currency, Currency::JPY);
-        QCOMPARE(read->startingBalance, qint64(-12345));
-        QCOMPARE(read->accountNumberLast4, QStringLiteral("0042"));
-        QCOMPARE(read->sortOrder, 3);
-        QCOMPARE(read->version, 7);
-        QCOMPARE(read->syncStatus, SyncStatus::Synced);
-        QCOMPARE(read->createdAt, a.createdAt);
+        const Account r = *m_store->accounts.getById(QStringLiteral("a1"));
+        QCOMPARE(line(changed.size(), r.isShared, bool(r.deletedAt), accountTypeToString(r.accountType),
+                      currencyToString(r.currency), r.startingBalance, r.accountNumberLast4, r.sortOrder,
+                      r.version, syncStatusToString(r.syncStatus), r.createdAt == a.createdAt),
+                 "1 1 0 credit_card JPY -12345 0042 3 7 synced 1");
     }
 
     void accountsListBySortOrderThenName()
     {
         QVERIFY(addAccount("c", "savings", 1) && addAccount("d", "Savings", 1) && addAccount("e", "Zeta") &&
                 addAccount("f", "Alpha", 2));
-        QStringList order;
-        for (const Account &a : m_store->accounts.getAll())
-            order << a.id;
         // Binary order puts the capital before the small letter.
-        QCOMPARE(order, (QStringList{"a", "b", "e", "d", "c", "f"}));
+        QCOMPARE(lines(m_store->accounts.getAll(), [](const Account &a) { return a.id; }).join(' '),
+                 "a b e d c f");
     }
 
     void accountDeleteRestoreAndResync()
@@ -107,10 +99,9 @@ private slots:
         AccountRepository &repo = m_store->accounts;
         QVERIFY(repo.markSynced(QStringLiteral("a"), QStringLiteral("s1")));
         QVERIFY(repo.softDelete(QStringLiteral("b")));
-        QCOMPARE(repo.getAll().size(), 1);
-        QVERIFY(repo.getById(QStringLiteral("b"))->deletedAt);
-        QCOMPARE(repo.getDeleted().size(), 1);
-        QCOMPARE(repo.getPending().size(), 1);
+        QCOMPARE(line(repo.getAll().size(), bool(repo.getById(QStringLiteral("b"))->deletedAt),
+                      repo.getDeleted().size(), repo.getPending().size()),
+                 "1 1 1 1");
         QVERIFY(repo.markSynced(QStringLiteral("b"), QStringLiteral("s2")));
         QSignalSpy changed(&repo, &AccountRepository::accountsChanged);
         QCOMPARE(repo.markAllPendingForResync(), 1); // the deleted one stays as it is
@@ -188,12 +179,12 @@ private slots:
         const QDateTime before = utcNow();
         QVERIFY(repo.insert(reconciliation("r1", QDate(2026, 1, 31))));
         const auto read = repo.getById(QStringLiteral("r1"));
-        QVERIFY(read && read->createdAt >= before && read->createdAt <= utcNow());
-        QCOMPARE(read->updatedAt, read->createdAt);
-        QCOMPARE(read->reconciledBalance, qint64(149900));
+        QVERIFY(read->createdAt >= before && read->createdAt <= utcNow() &&
+                read->updatedAt == read->createdAt);
         QVERIFY(repo.insert(reconciliation("r2", QDate(2026, 2, 28))));
-        QCOMPARE(repo.getLatest(QStringLiteral("a"))->id, QStringLiteral("r2"));
-        QCOMPARE(repo.getByAccount(QStringLiteral("a")).first().id, QStringLiteral("r2"));
+        QCOMPARE(line(read->reconciledBalance, repo.getLatest(QStringLiteral("a"))->id,
+                      repo.getByAccount(QStringLiteral("a")).first().id),
+                 "149900 r2 r2");
         Reconciliation moved = *read;
         moved.accountId = QStringLiteral("b");
         QVERIFY(repo.update(moved));
@@ -207,9 +198,8 @@ private slots:
         QCOMPARE(repo.restoreByAccount(QStringLiteral("a"), timestampText(deletedAt.addSecs(-10))), 1);
         QCOMPARE(changed.size(), 1);
         const auto back = repo.getById(QStringLiteral("r2"));
-        QCOMPARE(back->syncStatus, SyncStatus::Pending);
-        QVERIFY(!back->deletedAt);
-        QCOMPARE(back->serverId, QStringLiteral("srv"));
+        QCOMPARE(line(syncStatusToString(back->syncStatus), bool(back->deletedAt), back->serverId),
+                 "pending 0 srv");
     }
 
     void ruleIsDueByNextDueDateOnly()
@@ -223,9 +213,7 @@ private slots:
                 repo.insert(rule("paused", today.addDays(-1), false)) &&
                 repo.insert(rule("deleted", today.addDays(-1))));
         QVERIFY(repo.softDelete(QStringLiteral("deleted")));
-        QStringList due;
-        for (const RecurringTransaction &r : repo.getDue())
-            due << r.id;
+        QStringList due = lines(repo.getDue(), [](const RecurringTransaction &r) { return r.id; });
         due.sort();
         QCOMPARE(due, (QStringList{"ended", "today"}));
         QCOMPARE(repo.getAll().size(), 4);
@@ -242,9 +230,8 @@ private slots:
         r.frequency = Frequency::SemiAnnual;
         QVERIFY(m_store->recurring.update(r));
         const auto read = m_store->recurring.getById(QStringLiteral("r"));
-        QCOMPARE(read->endDate, std::optional<QDate>(QDate(2027, 1, 31)));
-        QCOMPARE(read->frequency, Frequency::SemiAnnual);
-        QCOMPARE(read->nextDueDate, QDate(2026, 2, 28));
+        QCOMPARE(line(read->endDate.value_or(QDate()), frequencyToString(read->frequency), read->nextDueDate),
+                 "2027-01-31 semi_annual 2026-02-28");
     }
 
     // Restoring an account brings back the rules its deletion took, not those deleted before it.
@@ -266,8 +253,7 @@ private slots:
                                                      timestampText(accountDeleted.addSecs(-10))),
                  1);
         QCOMPARE(ids("SELECT group_concat(id) FROM recurring_transactions WHERE deleted_at IS NULL AND "
-                     "sync_status = "
-                     "'pending'"),
+                     "sync_status = 'pending'"),
                  QStringLiteral("r"));
     }
 
@@ -308,9 +294,8 @@ private slots:
         expectFailure("SplitLineRepository::insert");
         QVERIFY(!repo.insert(Fixtures::splitLine("l4", t, QString(), -5)));
         QVERIFY(m_store->transactions.softDelete(t));
-        const QList<SplitLine> lines = repo.getForTransaction(t);
-        QCOMPARE(lines.size(), 2);
-        QCOMPARE(lines.at(0).amount + lines.at(1).amount, qint64(-1000));
+        const QList<SplitLine> kept = repo.getForTransaction(t);
+        QCOMPARE(line(kept.size(), kept.at(0).amount + kept.at(1).amount), "2 -1000");
         QVERIFY(repo.deleteForTransaction(t));
         QVERIFY(repo.getForTransaction(t).isEmpty());
     }

@@ -1,5 +1,6 @@
 #include "core/Dates.h"
 #include "support/Fixtures.h"
+#include "support/Line.h"
 #include "support/SpyText.h"
 #include "support/TempStore.h"
 
@@ -17,10 +18,7 @@ const QString kOther = QStringLiteral("other");
 template <typename Rows>
 QStringList idsOf(const Rows &rows)
 {
-    QStringList ids;
-    for (const auto &r : rows)
-        ids << r.id;
-    return ids;
+    return lines(rows, [](const auto &r) { return r.id; });
 }
 } // namespace
 
@@ -29,10 +27,6 @@ class TstTransactionRepository : public QObject {
     std::optional<TempStore> m_store;
     TransactionRepository *m_repo = nullptr;
 
-    void addAccount(const QString &id, qint64 startingBalance = 0)
-    {
-        QVERIFY(m_store->accounts.insert(Fixtures::account(id, id, startingBalance)));
-    }
     bool add(const QString &id, const QString &account, const QDate &date, const QString &payee,
              qint64 amount, const QTime &created = QTime(12, 0))
     {
@@ -42,9 +36,9 @@ class TstTransactionRepository : public QObject {
 private slots:
     void init()
     {
-        m_store.reset();
         m_store.emplace();
-        QVERIFY(m_store->ok);
+        QVERIFY(m_store->ok && m_store->accounts.insert(Fixtures::account(kAccount, "Checking")) &&
+                m_store->accounts.insert(Fixtures::account(kOther, "Other")));
         m_repo = &m_store->transactions;
     }
 
@@ -66,30 +60,26 @@ private slots:
         QFETCH(qint64, starting);
         QFETCH(QList<qint64>, amounts);
         QFETCH(QList<qint64>, balances);
-        addAccount(kAccount, starting);
+        QVERIFY(m_store->db.exec(QStringLiteral("UPDATE accounts SET starting_balance = %1").arg(starting)));
         // Inserted newest first: the order must come from the dates.
         for (int i = amounts.size() - 1; i >= 0; --i)
             QVERIFY(add(QStringLiteral("t%1").arg(i), kAccount, QDate(2026, 1, 1).addDays(i), "P",
                         amounts.at(i)));
         const QList<RegisterRow> rows = m_repo->getByAccountWithBalances(kAccount);
-        QList<qint64> got;
-        for (const RegisterRow &r : rows)
-            got << r.runningBalance;
-        QCOMPARE(got, balances);
+        QCOMPARE(lines(rows, [](const RegisterRow &r) { return line(r.runningBalance); }),
+                 lines(balances, [](qint64 b) { return line(b); }));
         QCOMPARE(m_repo->getBalance(kAccount), balances.isEmpty() ? starting : balances.last());
         if (starting != 0) {
-            const RegisterRow &opening = rows.first();
-            QVERIFY(opening.id.isEmpty() && opening.cleared && opening.reconciled);
-            QCOMPARE(opening.payee, QStringLiteral("Opening Balance"));
-            QCOMPARE(opening.amount, starting);
+            const RegisterRow &o = rows.first();
             // Dated at the first transaction, or today without one.
-            QCOMPARE(opening.date, amounts.isEmpty() ? QDate::currentDate() : QDate(2026, 1, 1));
+            QCOMPARE(line("[" + o.id + "]", o.cleared, o.reconciled, o.payee, o.amount, o.date),
+                     line("[]", true, true, "Opening Balance", starting,
+                          amounts.isEmpty() ? QDate::currentDate() : QDate(2026, 1, 1)));
         }
     }
 
     void sameDateRowsFollowEntryOrder()
     {
-        addAccount(kAccount);
         const QDate day(2026, 3, 1);
         // Inserted out of order: the later entry on the same date must come after, whatever the insert order.
         QVERIFY(add("second", kAccount, day, "B", -300, QTime(15, 0)));
@@ -103,10 +93,11 @@ private slots:
 
     void reconciledTotalCountsOnlyLiveReconciledRowsOfTheAccount()
     {
-        addAccount(kAccount, 5000);
-        addAccount(kOther);
-        QVERIFY(!m_repo->getReconciledTotal(kAccount).latestDate.isValid());
-        QCOMPARE(m_repo->getReconciledTotal(kAccount).amount, qint64(0));
+        // The account's starting balance is its own, not in here.
+        QVERIFY(m_store->db.exec("UPDATE accounts SET starting_balance = 5000"));
+        QCOMPARE(line(m_repo->getReconciledTotal(kAccount).latestDate.isValid(),
+                      m_repo->getReconciledTotal(kAccount).amount),
+                 "0 0");
         const auto add = [this](const char *id, const QString &account, const QDate &date, qint64 amount,
                                 bool reconciled) {
             Transaction t = transaction(QLatin1String(id), account, date, QLatin1String(id), amount);
@@ -121,13 +112,11 @@ private slots:
         add("elsewhere", kOther, QDate(2026, 4, 1), 999, true);
         QVERIFY(m_repo->softDelete(QStringLiteral("deleted")));
         const TransactionRepository::ReconciledTotal total = m_repo->getReconciledTotal(kAccount);
-        QCOMPARE(total.amount, qint64(37500)); // the starting balance is the account's, not in here
-        QCOMPARE(total.latestDate, QDate(2026, 1, 10));
+        QCOMPARE(line(total.amount, total.latestDate), "37500 2026-01-10");
     }
 
     void softDeletedRowLeavesEveryListButById()
     {
-        addAccount(kAccount);
         QVERIFY(add("keep", kAccount, QDate(2026, 1, 1), "Keeper", 100));
         QVERIFY(add("gone", kAccount, QDate(2026, 1, 2), "Ghost", 900));
         QVERIFY(m_repo->markSynced(QStringLiteral("gone"), QStringLiteral("s1")));
@@ -148,7 +137,6 @@ private slots:
 
     void emptyCategoryIsStoredAsNull()
     {
-        addAccount(kAccount);
         // An empty category must not be written as "", which no category row has: the foreign key would
         // refuse it.
         QVERIFY(add("t", kAccount, QDate(2026, 1, 1), QString(), -5));
@@ -190,8 +178,6 @@ private slots:
         QFETCH(QDate, to);
         QFETCH(int, cleared);
         QFETCH(QStringList, expected);
-        addAccount(kAccount);
-        addAccount(kOther);
         Transaction c1 = transaction("c1", kAccount, QDate(2026, 1, 1), "Coffee Roasters", -900);
         c1.memo = QStringLiteral("beans");
         c1.cleared = true;
@@ -213,7 +199,6 @@ private slots:
 
     void searchWithBadSyntaxGivesNothingAndStopsAt200()
     {
-        addAccount(kAccount);
         m_store->db.database()->connection().transaction();
         for (int i = 0; i < 230; ++i)
             QVERIFY(
@@ -229,8 +214,6 @@ private slots:
 
     void cascadeRestoreKeepsEarlierDeletions()
     {
-        addAccount(kAccount);
-        addAccount(kOther);
         QSignalSpy changed(m_repo, &TransactionRepository::transactionsChanged);
         // Nothing to do: no signal.
         QCOMPARE(m_repo->restoreByAccount(kAccount, QStringLiteral("2000-01-01T00:00:00Z")), 0);
@@ -250,17 +233,15 @@ private slots:
         QVERIFY(m_repo->getByAccount(kAccount).isEmpty());
         QCOMPARE(m_repo->getByAccount(kOther).size(), 1);
         QCOMPARE(m_repo->restoreByAccount(kAccount, timestampText(accountDeleted.addSecs(-10))), 2);
-        const QList<Transaction> back = m_repo->getByAccount(kAccount);
-        QStringList ids = idsOf(back);
-        ids.sort();
-        QCOMPARE(ids, (QStringList{"a", "b"}));
-        for (const Transaction &t : back)
-            QCOMPARE(t.syncStatus, SyncStatus::Pending);
+        QStringList back = lines(m_repo->getByAccount(kAccount), [](const Transaction &t) {
+            return line(t.id, syncStatusToString(t.syncStatus));
+        });
+        back.sort();
+        QCOMPARE(back, (QStringList{"a pending", "b pending"}));
     }
 
     void pausedSearchIndexCatchesUpAtResume()
     {
-        addAccount(kAccount);
         const auto add = [this](const char *id, const char *payee) {
             return this->add(QLatin1String(id), kAccount, QDate(2026, 1, 1), QLatin1String(payee), -100);
         };

@@ -3,6 +3,7 @@
 #include "services/ImportBytes.h"
 #include "services/QifParser.h"
 #include "support/ImportStore.h"
+#include "support/Line.h"
 
 #include <QDir>
 #include <QTest>
@@ -52,26 +53,17 @@ private slots:
         // The files stand beside the project, not in it: a checkout without them has nothing to read.
         if (!kQif.exists() || !kCsv.exists())
             QSKIP(qPrintable(QStringLiteral("no import test files at %1").arg(QDir::cleanPath(kQif.path()))));
-        m_s.reset();
         m_s.emplace();
         QVERIFY(m_s->ok && m_s->accountsOk);
     }
 
     void qifFilesParse_data()
     {
-        QTest::addColumn<QString>("file");
-        QTest::addColumn<int>("records");
-        QTest::addColumn<int>("skipped");
-        QTest::addColumn<int>("metadata");
-        QTest::addColumn<int>("categories");
-        QTest::addColumn<QStringList>("accounts");
-        QTest::addColumn<bool>("dayFirst");
-        QTest::addColumn<qint64>("cents");
-        QTest::addColumn<int>("splits");
+        QTest::addColumn<QString>("expected");
         const auto row = [](const char *file, int records, int skipped, int metadata, int categories,
                             const QStringList &accounts, bool dayFirst, qint64 cents, int splits) {
-            QTest::newRow(file) << QString::fromLatin1(file) << records << skipped << metadata << categories
-                                << accounts << dayFirst << cents << splits;
+            QTest::newRow(file) << line(records, skipped, metadata, categories, accounts.join(','), dayFirst,
+                                        cents, splits);
         };
         // clang-format off
     row("gnucash-abc-all.qif",                        10,  0,  4, 75, {"ABC Bank"},                false,    355400,  3);
@@ -101,25 +93,8 @@ private slots:
 
     void qifFilesParse()
     {
-        QFETCH(QString, file);
-        QFETCH(int, records);
-        QFETCH(int, skipped);
-        QFETCH(int, metadata);
-        QFETCH(int, categories);
-        QFETCH(QStringList, accounts);
-        QFETCH(bool, dayFirst);
-        QFETCH(qint64, cents);
-        QFETCH(int, splits);
-        const QifParseResult r = parseFile(file);
-        QCOMPARE(r.transactions.size(), records);
-        QCOMPARE(r.skippedRecords, skipped);
-        QCOMPARE(r.metadataRecords, metadata);
-        QCOMPARE(r.categories.size(), categories);
-        QStringList names;
-        for (const QifAccountRef &a : r.accounts)
-            names << a.name;
-        QCOMPARE(names, accounts);
-        QCOMPARE(r.dateOrder, dayFirst ? QifDateOrder::DayFirst : QifDateOrder::MonthFirst);
+        QFETCH(QString, expected);
+        const QifParseResult r = parseFile(QTest::currentDataTag());
         qint64 total = 0;
         int lines = 0;
         for (const QifTransaction &t : r.transactions) {
@@ -127,8 +102,10 @@ private slots:
             total += t.amount;
             lines += int(t.splits.size());
         }
-        QCOMPARE(total, cents);
-        QCOMPARE(lines, splits);
+        const QStringList names = ::lines(r.accounts, [](const QifAccountRef &a) { return a.name; });
+        QCOMPARE(line(r.transactions.size(), r.skippedRecords, r.metadataRecords, r.categories.size(),
+                      names.join(','), r.dateOrder == QifDateOrder::DayFirst, total, lines),
+                 expected);
     }
 
     void textComesOutRight()
@@ -144,25 +121,19 @@ private slots:
                  QStringLiteral("Eröffnungssaldo"));
 
         // A byte order mark does not spoil the first header, which here is metadata.
-        const QifParseResult marked = parseFile(QStringLiteral("nerdbank-sample.qif"));
-        QCOMPARE(marked.metadataRecords, 4);
-        QCOMPARE(marked.transactions.first().date, QDate(2008, 1, 1));
-        QCOMPARE(marked.transactions.first().amount, 150000);
-        QCOMPARE(marked.transactions.last().date, QDate(2008, 12, 10));
-        QCOMPARE(marked.transactions.last().amount, -33500);
-
-        QStringList dates;
-        for (const QifTransaction &t : parseFile(QStringLiteral("oca-test_qif_dmy.qif")).transactions)
-            dates << t.date.toString(Qt::ISODate);
+        const QifParseResult m = parseFile(QStringLiteral("nerdbank-sample.qif"));
+        QCOMPARE(line(m.metadataRecords, m.transactions.first().date, m.transactions.first().amount,
+                      m.transactions.last().date, m.transactions.last().amount),
+                 "4 2008-01-01 150000 2008-12-10 -33500");
+        const auto dates = lines(parseFile(QStringLiteral("oca-test_qif_dmy.qif")).transactions,
+                                 [](const QifTransaction &t) { return line(t.date); });
         QCOMPARE(dates.join(' '), QStringLiteral("2013-08-12 2013-08-15 2013-03-03 2013-03-04 2013-03-03"));
 
         // A malformed split amount loses that split's amount only.
         const QifTransaction linda =
             parseFile(QStringLiteral("jemmyw-quicken_non_investement_account.qif")).transactions.first();
-        QCOMPARE(linda.amount, -100000);
-        QCOMPARE(linda.transferAccount, QStringLiteral("linda"));
-        QCOMPARE(linda.splits.size(), 2);
-        QCOMPARE(linda.splits.at(1).amount, 0);
+        QCOMPARE(line(linda.amount, linda.transferAccount, linda.splits.size(), linda.splits.at(1).amount),
+                 "-100000 linda 2 0");
     }
 
     void everyQifFileImportsCleanly()
@@ -175,17 +146,14 @@ private slots:
             const QHash<QString, QString> map = createAccountsFor({path});
             const QifParseResult parsed = parseFile(name);
             const ImportResult first = m_s->service.importQifFiles({path}, map);
-            QVERIFY2(!first.aborted, qPrintable(name));
-            QCOMPARE(first.insertFailures, 0);
-            QCOMPARE(first.unmappedRecords, 0);
-            QCOMPARE(first.skippedRecords, parsed.skippedRecords);
-            QCOMPARE(first.metadataRecords, parsed.metadataRecords);
-            QCOMPARE(first.imported + first.duplicates, int(parsed.transactions.size()));
-            QCOMPARE(count(QStringLiteral("SELECT COUNT(*) FROM transactions")), first.imported);
+            const int stored = count(QStringLiteral("SELECT COUNT(*) FROM transactions"));
             const ImportResult again = m_s->service.importQifFiles({path}, map);
-            QVERIFY2(!again.aborted, qPrintable(name));
-            QCOMPARE(again.imported, 0);
-            QCOMPARE(again.duplicates, int(parsed.transactions.size()));
+            // Aborted, failed, unmapped, skipped, metadata, read, stored; then the second import.
+            QCOMPARE(line(name, first.aborted, first.insertFailures, first.unmappedRecords,
+                          first.skippedRecords, first.metadataRecords, first.imported + first.duplicates,
+                          stored, again.aborted, again.imported, again.duplicates),
+                     line(name, false, 0, 0, parsed.skippedRecords, parsed.metadataRecords,
+                          parsed.transactions.size(), first.imported, false, 0, parsed.transactions.size()));
         }
     }
 
@@ -194,13 +162,11 @@ private slots:
         // Both sides in one file, each under its own account header.
         const QString path = kQif.filePath(QStringLiteral("moneyguru-transfer.qif"));
         const QHash<QString, QString> map = createAccountsFor({path});
-        QCOMPARE(map.size(), 2);
         const ImportResult r = m_s->service.importQifFiles({path}, map);
-        QCOMPARE(r.imported, 2);
-        QCOMPARE(r.transfersLinked, 1);
         const Transaction checking = m_s->rows(map.value(QStringLiteral("Checking"))).first();
-        QCOMPARE(checking.transferDestAccountId, map.value(QStringLiteral("Savings")));
-        QCOMPARE(m_s->transactions.getById(checking.transferLinkId)->transferLinkId, checking.id);
+        QCOMPARE(line(map.size(), ImportStore::counts(r), checking.transferDestAccountId,
+                      m_s->transactions.getById(checking.transferLinkId)->transferLinkId == checking.id),
+                 line(2, "i2 d0 s0 m0 u0 t1 r0 f0 x0", map.value(QStringLiteral("Savings")), true));
 
         // The same file with the savings side left out first, then whole: the two sides pair within the
         // import before the checking side turns out a duplicate, so the new savings row names a row that
@@ -210,14 +176,10 @@ private slots:
         const QString savings = partial.value(QStringLiteral("Savings"));
         partial.insert(QStringLiteral("Savings"), QString());
         const ImportResult first = m_s->service.importQifFiles({path}, partial);
-        QCOMPARE(first.imported, 1);
-        QCOMPARE(first.unmappedRecords, 1);
+        QCOMPARE(ImportStore::counts(first), "i1 d0 s0 m0 u1 t0 r0 f0 x0");
         partial.insert(QStringLiteral("Savings"), savings);
         const ImportResult second = m_s->service.importQifFiles({path}, partial);
-        QCOMPARE(second.imported, 1);
-        QCOMPARE(second.duplicates, 1);
-        QCOMPARE(second.transfersLinked, 1);
-        QCOMPARE(second.retroactiveLinks, 0);
+        QCOMPARE(ImportStore::counts(second), "i1 d1 s0 m0 u0 t1 r0 f0 x0");
         QVERIFY(!m_s->transactions.getById(m_s->rows(savings).first().transferLinkId));
         QVERIFY(m_s->rows(partial.value(QStringLiteral("Checking"))).first().memo.startsWith("[→ Savings]"));
     }
@@ -238,18 +200,15 @@ private slots:
         QFETCH(int, hints);
         const QStringList paths{kQif.filePath(files.at(0)), kQif.filePath(files.at(1))};
         const ImportResult r = m_s->service.importQifFiles(paths, createAccountsFor(paths));
-        QVERIFY(!r.aborted);
-        QCOMPARE(r.transfersLinked, 0);
-        QCOMPARE(count(QStringLiteral("SELECT COUNT(*) FROM transactions WHERE memo LIKE '[→ %'")), hints);
+        QCOMPARE(line(r.aborted, r.transfersLinked,
+                      count(QStringLiteral("SELECT COUNT(*) FROM transactions WHERE memo LIKE '[→ %'"))),
+                 line(false, 0, hints));
     }
 
     void csvFiles_data()
     {
-        QTest::addColumn<QString>("file");
         QTest::addColumn<CsvImportOptions>("options");
-        QTest::addColumn<int>("imported");
-        QTest::addColumn<int>("skipped");
-        QTest::addColumn<qint64>("cents");
+        QTest::addColumn<QString>("expected"); // imported, skipped, duplicates, total
         const auto row = [](const char *file, int date, int payee, int amount, bool header, int imported,
                             int skipped, qint64 cents) {
             CsvImportOptions options;
@@ -257,7 +216,7 @@ private slots:
             options.payeeColumn = payee;
             options.amountColumn = amount;
             options.hasHeader = header;
-            QTest::newRow(file) << QString::fromLatin1(file) << options << imported << skipped << cents;
+            QTest::newRow(file) << options << line(imported, skipped, 0, cents);
         };
         // clang-format off
     row("hledger-monefy.csv",                       0,  2,  3, true,  8, 0,  589280);
@@ -281,19 +240,13 @@ private slots:
 
     void csvFiles()
     {
-        QFETCH(QString, file);
         QFETCH(CsvImportOptions, options);
-        QFETCH(int, imported);
-        QFETCH(int, skipped);
-        QFETCH(qint64, cents);
-        const ImportResult r =
-            m_s->service.importCsvFile(kCsv.filePath(file), QStringLiteral("chk"), options);
-        QCOMPARE(r.imported, imported);
-        QCOMPARE(r.skippedRecords, skipped);
-        QCOMPARE(r.duplicates, 0);
-        QCOMPARE(
-            m_s->db.scalar(QStringLiteral("SELECT IFNULL(SUM(amount), 0) FROM transactions")).toLongLong(),
-            cents);
+        QFETCH(QString, expected);
+        const ImportResult r = m_s->service.importCsvFile(kCsv.filePath(QTest::currentDataTag()),
+                                                          QStringLiteral("chk"), options);
+        QCOMPARE(line(r.imported, r.skippedRecords, r.duplicates,
+                      count(QStringLiteral("SELECT IFNULL(SUM(amount), 0) FROM transactions"))),
+                 expected);
     }
 
     void everyCsvFileImportsCleanly()

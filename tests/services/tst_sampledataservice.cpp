@@ -23,7 +23,6 @@ private slots:
     void init()
     {
         m_service.reset();
-        m_db.reset();
         m_db.emplace();
         QVERIFY(m_db->open());
         CategoryRepository categories(m_db->database());
@@ -35,9 +34,7 @@ private slots:
             "INSERT INTO transactions (id, account_id, date, payee, amount, created_at, updated_at) "
             "VALUES ('my-row', 'mine', '2025-01-02', 'Baker', -500, '2025-01-02T00:00:00Z', "
             "'2025-01-02T00:00:00Z')"));
-        QVERIFY(!m_service->hasSampleData());
-        QVERIFY(m_service->loadSampleData());
-        QVERIFY(m_service->hasSampleData());
+        QVERIFY(!m_service->hasSampleData() && m_service->loadSampleData() && m_service->hasSampleData());
     }
 
     void loadsThreeAccountsAndTheirRows()
@@ -128,14 +125,12 @@ private slots:
     void transfersShareOneTokenThatIsNeitherRow()
     {
         QCOMPARE(count("transactions WHERE transfer_link_id IS NOT NULL"), 4);
-        QCOMPARE(count("transactions a JOIN transactions b ON a.transfer_link_id = b.transfer_link_id AND "
-                       "a.id < b.id "
-                       "WHERE a.date = b.date AND a.amount = -b.amount AND a.transfer_dest_account_id = "
-                       "b.account_id "
-                       "AND b.transfer_dest_account_id = a.account_id AND a.transfer_link_id LIKE "
-                       "'sample-xfer-%' AND "
-                       "a.transfer_link_id NOT IN (a.id, b.id)"),
-                 2);
+        QCOMPARE(
+            count("transactions a JOIN transactions b ON a.transfer_link_id = b.transfer_link_id AND "
+                  "a.id < b.id WHERE a.date = b.date AND a.amount = -b.amount AND "
+                  "a.transfer_dest_account_id = b.account_id AND b.transfer_dest_account_id = a.account_id "
+                  "AND a.transfer_link_id LIKE 'sample-xfer-%' AND a.transfer_link_id NOT IN (a.id, b.id)"),
+            2);
         QCOMPARE(
             count("transactions WHERE payee = 'Payment - Thank You' AND transfer_link_id IS NULL AND memo = "
                   "'Credit card payment'"),

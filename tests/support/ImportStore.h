@@ -24,6 +24,22 @@ struct ImportStore : TempStore {
         file.write(bytes);
         return path;
     }
+    // The counters as "i3 d0 s0 m0 u0 t1 r0 f0 x0" in the order of their fields (x: split lines dropped),
+    // and " aborted" when the import was rolled back, so that a result compares at once.
+    static QString counts(const ImportResult &r)
+    {
+        return QStringLiteral("i%1 d%2 s%3 m%4 u%5 t%6 r%7 f%8 x%9")
+                   .arg(r.imported)
+                   .arg(r.duplicates)
+                   .arg(r.skippedRecords)
+                   .arg(r.metadataRecords)
+                   .arg(r.unmappedRecords)
+                   .arg(r.transfersLinked)
+                   .arg(r.retroactiveLinks)
+                   .arg(r.insertFailures)
+                   .arg(r.splitLinesDropped) +
+               (r.aborted ? QStringLiteral(" aborted") : QString());
+    }
     QString write(const QString &name, const QString &text) { return writeBytes(name, text.toUtf8()); }
     QList<Transaction> rows(const QString &accountId) { return transactions.getByAccount(accountId); }
     QStringList payees(const QString &accountId)
