@@ -7,6 +7,7 @@
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QSignalSpy>
+#include <QSqlError>
 #include <QSqlQuery>
 #include <QSqlRecord>
 #include <QUrlQuery>
@@ -44,65 +45,37 @@ SyncDevice::SyncDevice(const QUrl &syncBase, const ServerUser &user)
 {
 }
 
-SyncDevice::~SyncDevice()
-{
-    deactivate();
-}
-
 bool SyncDevice::activate()
 {
     deactivate();
-    m_root = std::make_unique<QObject>();
-    database = new Database(m_root.get());
-    if (!database->open(m_dir.filePath(QStringLiteral("ombrel.db"))) || !database->runMigrations()) {
-        deactivate();
+    m_data = std::make_unique<QObject>();
+    database = new Database(m_data.get());
+    if (!database->open(m_dir.filePath(QStringLiteral("ombrel.db"))) || !database->runMigrations())
         return false;
-    }
     // A device's crash safety is not under test; without a flush per statement a long simulation runs
     // at the speed of the processor rather than of the disk.
-    QSqlQuery(QStringLiteral("PRAGMA synchronous=OFF"), database->connection());
-    accounts = new AccountRepository(database, m_root.get());
-    transactions = new TransactionRepository(database, m_root.get());
-    categories = new CategoryRepository(database, m_root.get());
-    preferences = new PreferencesRepository(database, m_root.get());
-    recurring = new RecurringRepository(database, m_root.get());
-    reconciliations = new ReconciliationRepository(database, m_root.get());
-    auto *tokens =
-        new HalcAccount::TokenManager(std::make_unique<MemoryTokenStore>(&m_tokenEntries), m_root.get());
+    exec(QStringLiteral("PRAGMA synchronous=OFF"));
+    accounts = new AccountRepository(database, m_data.get());
+    transactions = new TransactionRepository(database, m_data.get());
+    categories = new CategoryRepository(database, m_data.get());
+    preferences = new PreferencesRepository(database, m_data.get());
+    recurring = new RecurringRepository(database, m_data.get());
+    reconciliations = new ReconciliationRepository(database, m_data.get());
+    m_network = std::make_unique<QObject>();
+    tokens =
+        new HalcAccount::TokenManager(std::make_unique<MemoryTokenStore>(&m_tokenEntries), m_network.get());
     tokens->setTokens(m_user.accessToken, m_user.refreshToken);
     // The server's tokens outlive any test; a refresh (after an injected 401) keeps them.
     tokens->setRefreshCallback([user = m_user](QString, HalcAccount::TokenManager::SuccessContinuation ok,
                                                HalcAccount::TokenManager::FailureContinuation) {
         ok(user.accessToken, user.refreshToken);
     });
-    api = new HalcAccount::ApiClient(tokens, m_root.get());
+    api = new HalcAccount::ApiClient(tokens, m_network.get());
     api->setBaseUrl(m_syncBase);
     engine = new SyncEngine(api, accounts, transactions, categories, recurring, reconciliations, preferences,
-                            m_root.get());
-    sharing = new AccountSharingService(api, m_root.get());
+                            m_network.get());
+    sharing = new AccountSharingService(api, m_network.get());
     return true;
-}
-
-void SyncDevice::deactivate()
-{
-    if (!m_root)
-        return;
-    // Children go in the order they were made; the engine and the client must go before the
-    // database they write to, so they are taken down first.
-    delete sharing;
-    delete engine;
-    delete api;
-    m_root.reset();
-    database = nullptr;
-    accounts = nullptr;
-    transactions = nullptr;
-    categories = nullptr;
-    recurring = nullptr;
-    reconciliations = nullptr;
-    preferences = nullptr;
-    api = nullptr;
-    engine = nullptr;
-    sharing = nullptr;
 }
 
 bool SyncDevice::sync(int timeoutMs)
@@ -119,20 +92,17 @@ bool SyncDevice::sync(int timeoutMs)
 
 QStringList SyncDevice::dump(const QString &table, const QString &where) const
 {
-    QStringList lines;
-    QSqlQuery q(database->connection());
-    if (!q.exec(QStringLiteral("SELECT * FROM %1 WHERE %2").arg(table, where)))
-        return {QStringLiteral("query failed")};
-    // Local bookkeeping differs between devices by design and is left out.
     static const QStringList skipped{QStringLiteral("sync_status"), QStringLiteral("server_id"),
                                      QStringLiteral("updated_at"), QStringLiteral("deleted_at"),
                                      QStringLiteral("created_at")};
+    QStringList lines;
+    QSqlQuery q(database->connection());
+    q.exec(QStringLiteral("SELECT * FROM %1 WHERE %2").arg(table, where));
     while (q.next()) {
         QStringList cells;
-        const QSqlRecord record = q.record();
-        for (int i = 0; i < record.count(); ++i) {
-            if (!skipped.contains(record.fieldName(i)))
-                cells << record.fieldName(i) + u'=' + q.value(i).toString();
+        for (int i = 0; i < q.record().count(); ++i) {
+            if (!skipped.contains(q.record().fieldName(i)))
+                cells << q.record().fieldName(i) + u'=' + q.value(i).toString();
         }
         lines << cells.join(u'|');
     }
@@ -143,7 +113,13 @@ QStringList SyncDevice::dump(const QString &table, const QString &where) const
 QVariant SyncDevice::scalar(const QString &sql) const
 {
     QSqlQuery q(database->connection());
-    if (!q.exec(sql) || !q.next())
-        return {};
-    return q.value(0);
+    return q.exec(sql) && q.next() ? q.value(0) : QVariant();
+}
+
+bool SyncDevice::exec(const QString &sql) const
+{
+    QSqlQuery q(database->connection());
+    if (!q.exec(sql))
+        qWarning().noquote() << "SyncDevice::exec failed:" << q.lastError().text() << sql;
+    return q.isActive();
 }

@@ -9,6 +9,7 @@
 #include "data/TransactionRepository.h"
 #include "sync/AccountSharingService.h"
 #include "sync/SyncEngine.h"
+#include "sync/SyncRepositories.h"
 
 #include <QHash>
 #include <QTemporaryDir>
@@ -32,21 +33,27 @@ ServerUser signUpUser(const QUrl &serverBase, const QString &email);
 
 // One device of a user: a data directory of its own, and while active the program's database,
 // repositories, sync API client and engine on it. The process has one database connection, so one
-// device is active at a time; deactivating is the program closing.
+// device is active at a time; deactivating is the program closing. A device that never syncs needs
+// neither a server nor a user.
 class SyncDevice {
 public:
-    SyncDevice(const QUrl &syncBase, const ServerUser &user);
-    ~SyncDevice();
+    explicit SyncDevice(const QUrl &syncBase = {}, const ServerUser &user = {});
 
     bool activate();
-    void deactivate();
+    // The engine and the client go before the database they write to.
+    void deactivate() { m_network.reset(), m_data.reset(); }
 
     // One cycle from syncNow to its end; true when it completed, false when it failed or hung.
     bool sync(int timeoutMs = 30000);
-    // Every row of the five tables as comparable text, one line a row, sorted; which rows and columns
-    // is the caller's choice of WHERE clause per table.
+    SyncRepositories repositories() const
+    {
+        return {accounts, transactions, categories, recurring, reconciliations, preferences};
+    }
+    // The rows as comparable text, one line a row, sorted, without the bookkeeping that differs
+    // between devices by design.
     QStringList dump(const QString &table, const QString &where = QStringLiteral("1")) const;
     QVariant scalar(const QString &sql) const;
+    bool exec(const QString &sql) const;
 
     Database *database = nullptr;
     AccountRepository *accounts = nullptr;
@@ -55,6 +62,7 @@ public:
     RecurringRepository *recurring = nullptr;
     ReconciliationRepository *reconciliations = nullptr;
     PreferencesRepository *preferences = nullptr;
+    HalcAccount::TokenManager *tokens = nullptr;
     HalcAccount::ApiClient *api = nullptr;
     SyncEngine *engine = nullptr;
     AccountSharingService *sharing = nullptr;
@@ -64,5 +72,6 @@ private:
     QUrl m_syncBase;
     ServerUser m_user;
     QHash<QString, QString> m_tokenEntries;
-    std::unique_ptr<QObject> m_root; // parent of everything made by activate, the database last to go
+    std::unique_ptr<QObject> m_data;    // the database and its repositories
+    std::unique_ptr<QObject> m_network; // declared last, so it goes first
 };

@@ -1,127 +1,74 @@
-#include "support/SyncFixture.h"
+#include "support/SyncDevice.h"
 #include "sync/SyncApply.h"
 #include "sync/SyncPayloads.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
 #include <QTest>
 
 class TstSyncApply : public QObject {
     Q_OBJECT
 private slots:
     void init();
-    void cleanup();
     void conflict_data();
     void conflict();
     void page_data();
     void page();
 
 private:
-    std::unique_ptr<SyncFixture> m_device;
+    std::unique_ptr<SyncDevice> m_device;
 };
 
 namespace {
 
+// Row "x" of a kind as the server sends it; its marker column says whose copy is stored.
 struct Kind {
-    QString table;
-    QString marker; // a column whose value says whose copy of the row is stored
-    QString arrayKey;
+    QString table, marker, json, local, server;
 };
 
 Kind kindOf(const QString &entity)
 {
     if (entity == SyncEntity::Account)
-        return {QStringLiteral("accounts"), QStringLiteral("name"), QStringLiteral("accounts")};
+        return {"accounts", "name", R"({"accounts":[{"client_id":"x","name":"%1"}]})", "local", "server"};
     if (entity == SyncEntity::Category)
-        return {QStringLiteral("categories"), QStringLiteral("name"), QStringLiteral("categories")};
+        return {"categories", "name", R"({"categories":[{"client_id":"x","name":"%1"}]})", "local", "server"};
     if (entity == SyncEntity::Recurring)
-        return {QStringLiteral("recurring_transactions"), QStringLiteral("payee"),
-                QStringLiteral("recurring_transactions")};
+        return {"recurring_transactions", "payee",
+                R"({"recurring_transactions":[{"client_id":"x","account_id":"a1","payee":"%1",
+                    "start_date":"2024-05-01","next_due_date":"2024-05-01"}]})",
+                "local", "server"};
     if (entity == SyncEntity::Transaction)
-        return {QStringLiteral("transactions"), QStringLiteral("payee"), QStringLiteral("transactions")};
-    return {QStringLiteral("reconciliations"), QStringLiteral("statement_balance"),
-            QStringLiteral("reconciliations")};
+        return {"transactions", "payee",
+                R"({"transactions":[{"client_id":"x","account_id":"a1","payee":"%1","date":"2024-05-01"}]})",
+                "local", "server"};
+    return {"reconciliations", "statement_balance",
+            R"({"reconciliations":[{"client_id":"x","account_id":"a1","statement_date":"2024-04-30",
+                "statement_balance":%1,"reconciled_balance":0,"completed_at":"2024-04-01T08:00:00Z"}]})",
+            "100", "200"};
 }
 
-// Row "x" of the kind, its marker saying whose copy it is ("local"/"server", or 100/200 for a balance).
-QJsonObject payloadOf(const QString &entity, bool server)
+// The page with the row's only element changed by the given keys.
+QJsonObject pageOf(const Kind &kind, const QString &mark, const QJsonObject &changes)
 {
-    const QString mark = server ? QStringLiteral("server") : QStringLiteral("local");
-    const QDateTime stamp(QDate(2024, 4, 1), QTime(8, 0), Qt::UTC);
-    if (entity == SyncEntity::Account) {
-        Account a;
-        a.id = QStringLiteral("x");
-        a.name = mark;
-        a.createdAt = a.updatedAt = stamp;
-        return accountPayload(a);
-    }
-    if (entity == SyncEntity::Category) {
-        Category c;
-        c.id = QStringLiteral("x");
-        c.name = mark;
-        c.createdAt = c.updatedAt = stamp;
-        return categoryPayload(c);
-    }
-    if (entity == SyncEntity::Recurring) {
-        RecurringTransaction r;
-        r.id = QStringLiteral("x");
-        r.accountId = QStringLiteral("a1");
-        r.payee = mark;
-        r.startDate = r.nextDueDate = QDate(2024, 5, 1);
-        r.createdAt = r.updatedAt = stamp;
-        return recurringPayload(r);
-    }
-    if (entity == SyncEntity::Transaction) {
-        Transaction t;
-        t.id = QStringLiteral("x");
-        t.accountId = QStringLiteral("a1");
-        t.payee = mark;
-        t.date = QDate(2024, 5, 1);
-        t.createdAt = t.updatedAt = stamp;
-        return transactionPayload(t);
-    }
-    Reconciliation r;
-    r.id = QStringLiteral("x");
-    r.accountId = QStringLiteral("a1");
-    r.statementDate = QDate(2024, 4, 30);
-    r.statementBalance = server ? 200 : 100;
-    r.createdAt = r.updatedAt = r.completedAt = stamp;
-    return reconciliationPayload(r);
-}
-
-QString localMarker(const QString &entity, bool server)
-{
-    if (entity == SyncEntity::Reconciliation)
-        return server ? QStringLiteral("200") : QStringLiteral("100");
-    return server ? QStringLiteral("server") : QStringLiteral("local");
-}
-
-// The local copy goes in through a page of its own, then gets the version and state the case wants.
-bool insertLocal(SyncFixture &device, const QString &entity, int version, const QString &status, bool deleted)
-{
-    QJsonObject row = payloadOf(entity, false);
-    row.insert(QStringLiteral("version"), 1);
-    QJsonObject page;
-    page.insert(kindOf(entity).arrayKey, QJsonArray{row});
-    SyncApply(device.repositories()).applyPage(page);
-    return device.db().exec(
-        QStringLiteral("UPDATE %1 SET version=%2, sync_status='%3', deleted_at=%4 WHERE id='x'")
-            .arg(kindOf(entity).table)
-            .arg(version)
-            .arg(status, deleted ? QStringLiteral("'2024-04-02T00:00:00Z'") : QStringLiteral("NULL")));
+    QJsonObject page = QJsonDocument::fromJson(kind.json.arg(mark).toUtf8()).object();
+    const QString key = page.keys().first();
+    QJsonObject row = page[key].toArray().first().toObject();
+    for (auto it = changes.begin(); it != changes.end(); ++it)
+        row.insert(it.key(), it.value());
+    page[key] = QJsonArray{row};
+    return page;
 }
 
 } // namespace
 
 void TstSyncApply::init()
 {
-    m_device = std::make_unique<SyncFixture>();
-    QVERIFY(m_device->open());
-    QVERIFY(m_device->db().exec(QStringLiteral(
-        "INSERT INTO accounts (id, name, account_type, currency, version, sync_status, server_id, "
-        "created_at, "
-        "updated_at) VALUES ('a1', 'Parent', 'checking', 'USD', 1, 'synced', 'sa1', '2024-01-01T00:00:00Z', "
-        "'2024-01-01T00:00:00Z')")));
-    QVERIFY(m_device->db().exec(QStringLiteral(
+    m_device = std::make_unique<SyncDevice>();
+    QVERIFY(m_device->activate());
+    QVERIFY(m_device->exec(QStringLiteral(
+        "INSERT INTO accounts (id, name, version, sync_status, server_id, created_at, updated_at) VALUES "
+        "('a1', 'Parent', 1, 'synced', 'sa1', '2024-01-01T00:00:00Z', '2024-01-01T00:00:00Z')")));
+    QVERIFY(m_device->exec(QStringLiteral(
         "INSERT INTO transactions (id, account_id, date, payee, memo, amount, version, sync_status, "
         "server_id, "
         "created_at, updated_at) VALUES ('t0', 'a1', '2024-01-02', 'Known', '', -100, 1, 'synced', 's0', "
@@ -130,92 +77,90 @@ void TstSyncApply::init()
                                        QStringLiteral("2024-01-01T00:00:00Z")));
 }
 
-void TstSyncApply::cleanup()
-{
-    m_device.reset();
-}
-
 void TstSyncApply::conflict_data()
 {
     QTest::addColumn<QString>("entity");
-    QTest::addColumn<int>("localVersion"); // 0: the row isn't here
-    QTest::addColumn<QString>("localStatus");
-    QTest::addColumn<bool>("localDeleted");
-    QTest::addColumn<int>("serverVersion");
-    QTest::addColumn<bool>("serverDeleted");
-    QTest::addColumn<QString>("winner"); // "local", "server" or "none"
-    QTest::addColumn<QString>("status");
-    QTest::addColumn<bool>("deleted");
-
-    const QString t = SyncEntity::Transaction, pending = QStringLiteral("pending"),
-                  synced = QStringLiteral("synced");
-    QTest::newRow("new row") << t << 0 << "" << false << 1 << false << "server" << synced << false;
-    QTest::newRow("new deleted row dropped") << t << 0 << "" << false << 1 << true << "none"
-                                             << "" << false;
-    QTest::newRow("lower vs pending")
-        << t << 3 << pending << false << 2 << false << "local" << pending << false;
-    QTest::newRow("lower vs synced") << t << 3 << synced << false << 2 << false << "local" << synced << false;
-    QTest::newRow("equal vs pending")
-        << t << 2 << pending << false << 2 << false << "server" << synced << false;
-    QTest::newRow("higher vs pending")
-        << t << 2 << pending << false << 5 << false << "server" << synced << false;
-    QTest::newRow("higher vs synced")
-        << t << 2 << synced << false << 3 << false << "server" << synced << false;
-    QTest::newRow("lower deletion dropped")
-        << t << 3 << synced << false << 2 << true << "local" << synced << false;
-    QTest::newRow("no undelete") << t << 1 << pending << true << 2 << false << "server" << synced << true;
-    QTest::newRow("deleted on both") << t << 1 << synced << true << 1 << true << "server" << synced << true;
+    QTest::addColumn<QString>("local");    // "version status [deleted]", or empty: the row isn't here
+    QTest::addColumn<QString>("server");   // "version [deleted]"
+    QTest::addColumn<QString>("expected"); // "marker version status deleted" of the stored row
+    const QString t = SyncEntity::Transaction;
+    QTest::newRow("new row") << t << ""
+                             << "1"
+                             << "server 1 synced 0";
+    QTest::newRow("new deleted row dropped") << t << ""
+                                             << "1 deleted"
+                                             << "";
+    QTest::newRow("lower vs pending") << t << "3 pending"
+                                      << "2"
+                                      << "local 3 pending 0";
+    QTest::newRow("lower vs synced") << t << "3 synced"
+                                     << "2"
+                                     << "local 3 synced 0";
+    QTest::newRow("higher vs pending") << t << "2 pending"
+                                       << "5"
+                                       << "server 5 synced 0";
+    QTest::newRow("higher vs synced") << t << "2 synced"
+                                      << "3"
+                                      << "server 3 synced 0";
+    QTest::newRow("lower deletion dropped") << t << "3 synced"
+                                            << "2 deleted"
+                                            << "local 3 synced 0";
+    QTest::newRow("no undelete") << t << "1 pending deleted"
+                                 << "2"
+                                 << "server 2 synced 1";
+    QTest::newRow("deleted on both") << t << "1 synced deleted"
+                                     << "1 deleted"
+                                     << "server 1 synced 1";
     for (const QString &entity :
          {SyncEntity::Account, SyncEntity::Category, SyncEntity::Recurring, SyncEntity::Transaction}) {
-        QTest::addRow("%s deletion goes back pending", qPrintable(entity))
-            << entity << 1 << synced << false << 1 << true << "server" << pending << true;
-        QTest::addRow("%s equal vs pending", qPrintable(entity))
-            << entity << 1 << pending << false << 1 << false << "server" << synced << false;
+        QTest::addRow("%s deletion goes back pending", qPrintable(entity)) << entity << "1 synced"
+                                                                           << "1 deleted"
+                                                                           << "server 1 pending 1";
+        QTest::addRow("%s equal vs pending", qPrintable(entity)) << entity << "1 pending"
+                                                                 << "1"
+                                                                 << "server 1 synced 0";
     }
-    QTest::newRow("reconciliation deletion not applied")
-        << SyncEntity::Reconciliation << 1 << synced << false << 1 << true << "server" << synced << false;
-    QTest::newRow("reconciliation lower vs pending")
-        << SyncEntity::Reconciliation << 2 << pending << false << 1 << false << "local" << pending << false;
+    QTest::newRow("reconciliation deletion not applied") << SyncEntity::Reconciliation << "1 synced"
+                                                         << "1 deleted"
+                                                         << "200 1 synced 0";
+    QTest::newRow("reconciliation lower vs pending") << SyncEntity::Reconciliation << "2 pending"
+                                                     << "1"
+                                                     << "100 2 pending 0";
 }
 
 void TstSyncApply::conflict()
 {
     QFETCH(QString, entity);
-    QFETCH(int, localVersion);
-    QFETCH(QString, localStatus);
-    QFETCH(bool, localDeleted);
-    QFETCH(int, serverVersion);
-    QFETCH(bool, serverDeleted);
-    QFETCH(QString, winner);
-    QFETCH(QString, status);
-    QFETCH(bool, deleted);
-
-    SyncFixture &device = *m_device;
-    if (localVersion > 0)
-        QVERIFY(insertLocal(device, entity, localVersion, localStatus, localDeleted));
-
-    QJsonObject row = payloadOf(entity, true);
-    row.insert(QStringLiteral("id"), QStringLiteral("srv-x"));
-    row.insert(QStringLiteral("version"), serverVersion);
-    if (serverDeleted)
-        row.insert(QStringLiteral("deleted_at"), QStringLiteral("2024-04-03T00:00:00Z"));
+    QFETCH(QString, local);
+    QFETCH(QString, server);
+    QFETCH(QString, expected);
     const Kind kind = kindOf(entity);
-    QJsonObject page;
-    page.insert(kind.arrayKey, QJsonArray{row});
-    SyncApply(device.repositories()).applyPage(page);
-
-    const QVariant marker =
-        device.db().scalar(QStringLiteral("SELECT %1 FROM %2 WHERE id='x'").arg(kind.marker, kind.table));
-    if (winner == QLatin1String("none")) {
-        QVERIFY(!marker.isValid());
-        return;
+    SyncApply apply(m_device->repositories());
+    if (!local.isEmpty()) {
+        const QStringList l = local.split(u' ');
+        apply.applyPage(pageOf(kind, kind.local,
+                               {
+                                   {"version", 1}
+        }));
+        QVERIFY(m_device->exec(
+            QStringLiteral("UPDATE %1 SET version=%2, sync_status='%3', deleted_at=%4 WHERE id='x'")
+                .arg(kind.table, l[0], l[1],
+                     l.size() > 2 ? QStringLiteral("'2024-04-02T00:00:00Z'") : QStringLiteral("NULL"))));
     }
-    QCOMPARE(marker.toString(), localMarker(entity, winner == QLatin1String("server")));
-    const QString where = QStringLiteral(" FROM %1 WHERE id='x'").arg(kind.table);
-    QCOMPARE(device.db().scalar(QStringLiteral("SELECT sync_status") + where).toString(), status);
-    QCOMPARE(device.db().scalar(QStringLiteral("SELECT deleted_at IS NOT NULL") + where).toBool(), deleted);
-    QCOMPARE(device.db().scalar(QStringLiteral("SELECT version") + where).toInt(),
-             winner == QLatin1String("server") ? serverVersion : localVersion);
+    const QStringList s = server.split(u' ');
+    QJsonObject changes{
+        {"id",      "srv-x"     },
+        {"version", s[0].toInt()}
+    };
+    if (s.size() > 1)
+        changes.insert(QStringLiteral("deleted_at"), QStringLiteral("2024-04-03T00:00:00Z"));
+    apply.applyPage(pageOf(kind, kind.server, changes));
+    QCOMPARE(m_device
+                 ->scalar(QStringLiteral("SELECT %1 || ' ' || version || ' ' || sync_status || ' ' || "
+                                         "(deleted_at IS NOT NULL) FROM %2 WHERE id='x'")
+                              .arg(kind.marker, kind.table))
+                 .toString(),
+             expected);
 }
 
 void TstSyncApply::page_data()
@@ -289,8 +234,8 @@ void TstSyncApply::page()
     QFETCH(QString, page);
     QFETCH(QString, query);
     QFETCH(QString, expected);
-    SyncApply(m_device->repositories()).applyPage(JsonCompare::parse(page.toUtf8().constData()));
-    QCOMPARE(m_device->db().scalar(query).toString(), expected);
+    SyncApply(m_device->repositories()).applyPage(QJsonDocument::fromJson(page.toUtf8()).object());
+    QCOMPARE(m_device->scalar(query).toString(), expected);
 }
 
 QTEST_GUILESS_MAIN(TstSyncApply)
