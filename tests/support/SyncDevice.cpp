@@ -9,7 +9,6 @@
 #include <QSignalSpy>
 #include <QSqlError>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <QUrlQuery>
 
 ServerUser signUpUser(const QUrl &serverBase, const QString &email)
@@ -90,22 +89,44 @@ bool SyncDevice::sync(int timeoutMs)
     return !completed.isEmpty();
 }
 
-QStringList SyncDevice::dump(const QString &table, const QString &where) const
+namespace {
+// The columns that carry the user's data, per table: what a lost edit would change.
+const QHash<QString, QString> kFields{
+    {"accounts",               "name, account_type, currency, starting_balance"},
+    {"transactions",           "account_id, date, payee, memo, amount, cleared, reconciled, transfer_link_id, "
+                     "transfer_dest_account_id"            },
+    {"recurring_transactions", "account_id, payee, amount, next_due_date"      },
+    {"reconciliations",        "account_id, statement_date, statement_balance" }
+};
+} // namespace
+
+QString SyncDevice::row(const QString &key) const
 {
-    static const QStringList skipped{QStringLiteral("sync_status"), QStringLiteral("server_id"),
-                                     QStringLiteral("updated_at"), QStringLiteral("deleted_at"),
-                                     QStringLiteral("created_at")};
-    QStringList lines;
-    QSqlQuery q(database->connection());
-    q.exec(QStringLiteral("SELECT * FROM %1 WHERE %2").arg(table, where));
-    while (q.next()) {
-        QStringList cells;
-        for (int i = 0; i < q.record().count(); ++i) {
-            if (!skipped.contains(q.record().fieldName(i)))
-                cells << q.record().fieldName(i) + u'=' + q.value(i).toString();
-        }
-        lines << cells.join(u'|');
-    }
+    const QString table = key.section(u'/', 0, 0);
+    return scalar(
+               QStringLiteral("SELECT sync_status || ' ' || json_array(%1, deleted_at IS NOT NULL) FROM %2 "
+                              "WHERE id = '%3'")
+                   .arg(kFields.value(table), table, key.section(u'/', 1)))
+        .toString();
+}
+
+QStringList SyncDevice::snapshot() const
+{
+    const auto rows = [this](const QString &table, const QString &columns, const QString &where) {
+        return scalar(QStringLiteral("SELECT group_concat('%2|' || id || '|' || json_array(%1), char(10)) "
+                                     "FROM %2 WHERE %3")
+                          .arg(columns, table, where))
+            .toString()
+            .split(u'\n', Qt::SkipEmptyParts);
+    };
+    const QString live = QStringLiteral("deleted_at IS NULL AND "),
+                  ofLiveAccount =
+                      QStringLiteral("account_id IN (SELECT id FROM accounts WHERE deleted_at IS NULL)");
+    QStringList lines =
+        rows("accounts", kFields["accounts"] + ", version", "deleted_at IS NULL") +
+        rows("transactions", kFields["transactions"] + ", version", live + ofLiveAccount) +
+        rows("recurring_transactions", kFields["recurring_transactions"], live + ofLiveAccount) +
+        rows("reconciliations", kFields["reconciliations"] + ", version", ofLiveAccount);
     lines.sort();
     return lines;
 }

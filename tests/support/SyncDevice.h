@@ -49,9 +49,15 @@ public:
     {
         return {accounts, transactions, categories, recurring, reconciliations, preferences};
     }
-    // The rows as comparable text, one line a row, sorted, without the bookkeeping that differs
-    // between devices by design.
-    QStringList dump(const QString &table, const QString &where = QStringLiteral("1")) const;
+    // Row "table/id" as its sync status, a space, then its user data and whether it is deleted; empty
+    // when the row isn't there.
+    QString row(const QString &key) const;
+    // What devices in step must agree on, as "table|id|data" lines: the live rows of live accounts. A
+    // deleted account is dropped by a device that never knew it, and with it, by the foreign key,
+    // whatever another device added to it meanwhile. Reconciliations count alive or not, since a
+    // server-side deletion of one is never applied; a rule travels without a version, so its version is
+    // left out.
+    QStringList snapshot() const;
     QVariant scalar(const QString &sql) const;
     bool exec(const QString &sql) const;
 
