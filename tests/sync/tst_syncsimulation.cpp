@@ -2,6 +2,7 @@
 #include "core/Identifiers.h"
 #include "server/Server.h"
 #include "support/FaultProxy.h"
+#include "support/Fixtures.h"
 #include "support/SyncDevice.h"
 #include "sync/SyncPush.h"
 
@@ -93,13 +94,17 @@ void edit(Household &h, int d, QRandomGenerator &rng)
     SyncDevice &dev = *h.devices[d];
     const QString accounts = QStringLiteral("accounts"), transactions = QStringLiteral("transactions"),
                   rules = QStringLiteral("recurring_transactions");
+    // An edit in a form or the register: the row goes pending, and its version up only when it says so.
+    const auto change = [&](const QString &table, const QString &id, const QString &set) {
+        dev.exec(
+            QStringLiteral("UPDATE %1 SET %2, sync_status = 'pending', updated_at = '%3' WHERE id = '%4'")
+                .arg(table, set, timestampText(utcNow()), id));
+        h.touched(d, table, id);
+    };
     const QString accountId = randomLiveId(dev, accounts, rng);
     const int roll = accountId.isEmpty() ? 0 : int(rng.bounded(100));
     if (roll < 5) {
-        Account a;
-        a.id = newId();
-        a.name = QStringLiteral("Account %1").arg(rng.bounded(1000));
-        a.createdAt = a.updatedAt = utcNow();
+        const Account a = Fixtures::account(newId(), QStringLiteral("Account %1").arg(rng.bounded(1000)));
         dev.accounts->insert(a);
         h.touched(d, accounts, a.id, true);
     } else if (roll < 35) {
@@ -110,22 +115,16 @@ void edit(Household &h, int d, QRandomGenerator &rng)
         const QString id = randomLiveId(dev, transactions, rng);
         if (id.isEmpty())
             return;
-        Transaction t = *dev.transactions->getById(id);
-        t.syncStatus = SyncStatus::Pending;
-        t.updatedAt = utcNow();
-        if (roll < 55) { // the register: a committed row goes one version up
-            t.payee = QStringLiteral("Edited %1").arg(rng.bounded(1000));
-            t.amount = qint64(rng.bounded(50000)) - 40000;
-            ++t.version;
-        } else if (roll < 75) { // a form: the version stays
-            t.memo = QStringLiteral("Memo %1").arg(rng.bounded(1000));
-            t.cleared = !t.cleared;
-        }
-        if (roll < 75)
-            dev.transactions->update(t);
-        else
-            dev.transactions->softDelete(id);
-        h.touched(d, transactions, id);
+        if (roll < 55) // the register: a committed row goes one version up
+            change(transactions, id,
+                   QStringLiteral("payee = 'Edited %1', amount = %2, version = version + 1")
+                       .arg(rng.bounded(1000))
+                       .arg(qint64(rng.bounded(50000)) - 40000));
+        else if (roll < 75) // a form: the version stays
+            change(transactions, id,
+                   QStringLiteral("memo = 'Memo %1', cleared = 1 - cleared").arg(rng.bounded(1000)));
+        else if (dev.transactions->softDelete(id))
+            h.touched(d, transactions, id);
     } else if (roll < 92) {
         const QString other = randomLiveId(dev, accounts, rng, QStringLiteral("id <> '%1'").arg(accountId));
         if (other.isEmpty())
@@ -148,41 +147,22 @@ void edit(Household &h, int d, QRandomGenerator &rng)
         r.statementDate = QDate(2024, 1, 31).addMonths(rng.bounded(12));
         r.statementBalance = r.reconciledBalance = dev.transactions->getBalance(accountId);
         r.completedAt = r.createdAt = r.updatedAt = utcNow();
+        const QString unreconciled = QStringLiteral("account_id = '%1' AND reconciled = 0").arg(accountId);
         for (int i = 0; i < 3; ++i) {
-            const QString id =
-                randomLiveId(dev, transactions, rng,
-                             QStringLiteral("account_id = '%1' AND reconciled = 0").arg(accountId));
-            if (id.isEmpty())
-                break;
-            Transaction t = *dev.transactions->getById(id);
-            t.reconciled = t.cleared = true;
-            t.syncStatus = SyncStatus::Pending;
-            t.updatedAt = utcNow();
-            dev.transactions->update(t);
-            h.touched(d, transactions, id);
+            const QString id = randomLiveId(dev, transactions, rng, unreconciled);
+            if (!id.isEmpty())
+                change(transactions, id, QStringLiteral("reconciled = 1, cleared = 1"));
         }
         dev.reconciliations->insert(r);
         h.touched(d, QStringLiteral("reconciliations"), r.id, true);
     } else if (roll < 98) {
         const QString ruleId = rng.bounded(2) ? randomLiveId(dev, rules, rng) : QString();
-        RecurringTransaction rule;
-        if (!ruleId.isEmpty()) { // the rule's form: the version stays
-            rule = *dev.recurring->getById(ruleId);
-            rule.amount = -1 - qint64(rng.bounded(5000));
-            rule.syncStatus = SyncStatus::Pending;
-            rule.updatedAt = utcNow();
-            dev.recurring->update(rule);
-            h.touched(d, rules, ruleId);
-            return;
-        }
-        rule.id = newId();
-        rule.accountId = accountId;
-        rule.payee = QStringLiteral("Rule %1").arg(rng.bounded(100));
-        rule.amount = -999;
-        rule.startDate = rule.nextDueDate = QDate(2025, 1, 1 + int(rng.bounded(28)));
-        rule.createdAt = rule.updatedAt = utcNow();
-        dev.recurring->insert(rule);
-        h.touched(d, rules, rule.id, true);
+        const RecurringTransaction rule =
+            Fixtures::rule(newId(), accountId, QDate(2025, 1, 1 + int(rng.bounded(28))), -999);
+        if (!ruleId.isEmpty()) // the rule's form: the version stays
+            change(rules, ruleId, QStringLiteral("amount = %1").arg(-1 - qint64(rng.bounded(5000))));
+        else if (dev.recurring->insert(rule))
+            h.touched(d, rules, rule.id, true);
     } else if (dev.scalar("SELECT count(*) FROM accounts WHERE deleted_at IS NULL").toInt() > 3) {
         // The main window's cascade.
         dev.transactions->softDeleteByAccount(accountId);
