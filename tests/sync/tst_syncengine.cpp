@@ -52,15 +52,12 @@ int TstSyncEngine::requestsTo(const QString &path) const
 void TstSyncEngine::manyPendingRowsTakeOneBatchACycle()
 {
     QVERIFY(m_device->accounts->insert(Fixtures::account(QStringLiteral("a"), QStringLiteral("A"))));
-    QVERIFY(m_device->database->connection().transaction());
-    {
-        auto inserter = m_device->transactions->inserter();
-        for (int i = 0; i < 1199; ++i)
-            QVERIFY(inserter.insert(Fixtures::transaction(QStringLiteral("t%1").arg(i), QStringLiteral("a"),
-                                                          QDate(2024, 1, 1).addDays(i % 300),
-                                                          QStringLiteral("P"), -i)));
-    }
-    QVERIFY(m_device->database->connection().commit());
+    QVERIFY(m_device->exec(QStringLiteral(
+        "WITH RECURSIVE n(i) AS (SELECT 0 UNION ALL SELECT i + 1 FROM n WHERE i < 1198) "
+        "INSERT INTO transactions (id, account_id, date, payee, amount, created_at, updated_at) "
+        "SELECT 't' || i, 'a', date('2024-01-01', '+' || (i % 300) || ' days'), 'P', -i, "
+        "'2024-01-01T00:00:00Z', "
+        "'2024-01-01T00:00:00Z' FROM n")));
     for (int batch : {500, 500, 200}) {
         // The server accepts the first 500 pending rows, in collection order.
         const QJsonArray changes = SyncPush::toJsonArray(SyncPush(m_device->repositories()).collectPending());
