@@ -39,9 +39,20 @@ SyncDevice::SyncDevice(const QUrl &syncBase, const ServerUser &user)
 {
 }
 
-bool SyncDevice::activate()
+namespace {
+SyncDevice *s_active = nullptr;
+} // namespace
+
+SyncDevice::~SyncDevice()
 {
     deactivate();
+}
+
+bool SyncDevice::activate()
+{
+    if (s_active)
+        s_active->deactivate();
+    s_active = this;
     m_data = std::make_unique<QObject>();
     database = new Database(m_data.get());
     if (!database->open(m_dir.filePath(QStringLiteral("ombrel.db"))) || !database->runMigrations())
@@ -72,8 +83,19 @@ bool SyncDevice::activate()
     return true;
 }
 
+// The engine and the client go before the database they write to.
+void SyncDevice::deactivate()
+{
+    m_network.reset();
+    m_data.reset();
+    if (s_active == this)
+        s_active = nullptr;
+}
+
 bool SyncDevice::sync(int timeoutMs)
 {
+    if (s_active != this && !activate())
+        return false;
     QSignalSpy completed(engine, &SyncEngine::syncCompleted);
     QSignalSpy failed(engine, &SyncEngine::syncFailed);
     engine->syncNow();

@@ -33,17 +33,18 @@ ServerUser signUpUser(const QUrl &serverBase, const QString &email);
 
 // One device of a user: a data directory of its own, and while active the program's database,
 // repositories, sync API client and engine on it. The process has one database connection, so one
-// device is active at a time; deactivating is the program closing. A device that never syncs needs
-// neither a server nor a user.
+// device is active at a time: activating one deactivates the other, as the program closing. A device
+// that never syncs needs neither a server nor a user.
 class SyncDevice {
 public:
     explicit SyncDevice(const QUrl &syncBase = {}, const ServerUser &user = {});
+    ~SyncDevice();
 
     bool activate();
-    // The engine and the client go before the database they write to.
-    void deactivate() { m_network.reset(), m_data.reset(); }
+    void deactivate();
 
-    // One cycle from syncNow to its end; true when it completed, false when it failed or hung.
+    // One cycle from syncNow to its end, activating the device first if need be; true when it
+    // completed, false when it failed or hung.
     bool sync(int timeoutMs = 30000);
     SyncRepositories repositories() const
     {
@@ -79,5 +80,5 @@ private:
     ServerUser m_user;
     QHash<QString, QString> m_tokenEntries;
     std::unique_ptr<QObject> m_data;    // the database and its repositories
-    std::unique_ptr<QObject> m_network; // declared last, so it goes first
+    std::unique_ptr<QObject> m_network; // the client, the engine and what they use
 };

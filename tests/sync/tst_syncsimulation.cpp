@@ -235,7 +235,6 @@ void TstSyncSimulation::household()
             QVERIFY2(device.engine->state() != SyncEngine::SyncState::Syncing, "a cycle hung");
             h.settle(d);
         }
-        device.deactivate();
     }
 
     // The faults stop; every device syncs until a whole round moves nothing.
@@ -254,7 +253,6 @@ void TstSyncSimulation::household()
             quiet = quiet && before == pendingBefore[d] && stats.inserted == 0 && stats.updated == 0;
             pendingBefore[d] = before;
             h.settle(d);
-            device.deactivate();
         }
     }
     QVERIFY2(quiet, "the devices did not come to rest");
@@ -265,7 +263,6 @@ void TstSyncSimulation::household()
             unexplained << QStringLiteral("device %1: %2 never confirmed").arg(d).arg(key);
     }
     SyncDevice fresh(syncBase, user);
-    QVERIFY(fresh.activate());
     QVERIFY(fresh.sync());
     const QStringList server = fresh.snapshot();
     // A row made and deleted before a fresh device came is not sent to it; some device holds its tombstone.
@@ -274,7 +271,6 @@ void TstSyncSimulation::household()
         if (fresh.row(key).isEmpty())
             absent.insert(key);
     }
-    fresh.deactivate();
 
     int undeletesKept = 0;
     for (int d = 0; d < kDevices; ++d) {
@@ -312,22 +308,14 @@ void TstSyncSimulation::household()
                     .toInt() == 1;
             it = gone ? absent.erase(it) : std::next(it);
         }
-        device.deactivate();
     }
     for (const QString &key : std::as_const(absent))
         unexplained << QStringLiteral("%1 was made but is nowhere now").arg(key);
 
-    qInfo().noquote() << QStringLiteral(
-                             "seed %1: %2 cycles (%3 failed), %4 edits overwritten by the conflict "
-                             "rule, %5 rows kept deleted against a later edit elsewhere, faults: "
-                             "%6 of %7 requests")
-                             .arg(seed)
-                             .arg(h.cycles)
-                             .arg(h.failedCycles)
-                             .arg(h.overwritten)
-                             .arg(undeletesKept)
-                             .arg(proxy.requests() - proxy.count(FaultProxy::Fault::None))
-                             .arg(proxy.requests());
+    qInfo("seed %u: %d cycles (%d failed), %d edits overwritten by the conflict rule, %d rows kept deleted "
+          "against a later edit elsewhere, faults: %d of %d requests",
+          seed, h.cycles, h.failedCycles, h.overwritten, undeletesKept,
+          proxy.requests() - proxy.count(FaultProxy::Fault::None), proxy.requests());
     QVERIFY2(unexplained.isEmpty(), qPrintable(unexplained.mid(0, 20).join(u'\n')));
 }
 
