@@ -273,19 +273,24 @@ void TstSyncSimulation::household()
     }
 
     int undeletesKept = 0;
+    // Gone from a device: deleted, or a row of an account deleted there.
+    const QString gone = QStringLiteral(
+                      "SELECT count(*) FROM %1 WHERE id = '%2' AND (deleted_at IS NOT NULL OR %3)"),
+                  ofDeletedAccount =
+                      QStringLiteral("account_id IN (SELECT id FROM accounts WHERE deleted_at IS NOT NULL)");
     for (int d = 0; d < kDevices; ++d) {
         SyncDevice &device = *h.devices[d];
         QVERIFY(device.activate());
         const QStringList mine = device.snapshot();
         for (const QString &line : server) {
-            if (mine.contains(line))
-                continue;
             // A row deleted here and edited later elsewhere stays deleted here: there is no un-delete on
             // the wire.
-            const QString deleted = QStringLiteral("SELECT count(*) FROM transactions WHERE id = '%1' AND "
-                                                   "deleted_at IS NOT NULL")
-                                        .arg(line.section(u'|', 1, 1));
-            if (device.scalar(deleted).toInt() == 1)
+            if (mine.contains(line))
+                continue;
+            if (device
+                    .scalar("SELECT count(*) FROM transactions WHERE deleted_at IS NOT NULL AND id = '" +
+                            line.section(u'|', 1, 1) + "'")
+                    .toInt() == 1)
                 ++undeletesKept;
             else
                 unexplained << QStringLiteral("device %1 lacks %2").arg(d).arg(line);
@@ -296,17 +301,9 @@ void TstSyncSimulation::household()
         }
         for (auto it = absent.begin(); it != absent.end();) {
             const QString table = it->section(u'/', 0, 0);
-            const bool gone =
-                device
-                    .scalar(QStringLiteral(
-                                "SELECT count(*) FROM %1 WHERE id = '%2' AND (deleted_at IS NOT NULL %3)")
-                                .arg(table, it->section(u'/', 1),
-                                     table == QLatin1String("accounts")
-                                         ? QString()
-                                         : "OR account_id IN (SELECT id FROM accounts WHERE deleted_at IS "
-                                           "NOT NULL)"))
-                    .toInt() == 1;
-            it = gone ? absent.erase(it) : std::next(it);
+            const QString sql =
+                gone.arg(table, it->section(u'/', 1), table == "accounts" ? "0" : ofDeletedAccount);
+            it = device.scalar(sql).toInt() == 1 ? absent.erase(it) : std::next(it);
         }
     }
     for (const QString &key : std::as_const(absent))
