@@ -100,23 +100,17 @@ void FaultProxy::handle(QTcpSocket *client, const QByteArray &request)
             to->write(reply);
     };
     const QByteArray serverError = statusReply(500, "Internal Server Error");
-    switch (fault) {
-    case Fault::DropBefore: client->abort(); return;
-    case Fault::ServerErrorBefore: answer(serverError); return;
-    case Fault::Unauthorized: answer(statusReply(401, "Unauthorized")); return;
-    case Fault::DropAfter: forward(request, 1, [answer](const QByteArray &) { answer({}); }); return;
-    case Fault::ServerErrorAfter:
-        forward(request, 1, [=](const QByteArray &) { answer(serverError); });
-        return;
-    case Fault::Delay: {
-        const int ms = 20 + int(m_random.bounded(300));
-        forward(request, 1,
-                [=](const QByteArray &reply) { QTimer::singleShot(ms, this, [=] { answer(reply); }); });
-        return;
-    }
-    case Fault::Duplicate: forward(request, 2, answer); return;
-    case Fault::None: forward(request, 1, answer); return;
-    }
+    if (fault == Fault::DropBefore)
+        return client->abort();
+    if (fault == Fault::ServerErrorBefore || fault == Fault::Unauthorized)
+        return answer(fault == Fault::Unauthorized ? statusReply(401, "Unauthorized") : serverError);
+    const int delayMs = fault == Fault::Delay ? 20 + int(m_random.bounded(300)) : 0;
+    forward(request, fault == Fault::Duplicate ? 2 : 1, [=](const QByteArray &reply) {
+        const QByteArray sent = fault == Fault::DropAfter          ? QByteArray()
+                                : fault == Fault::ServerErrorAfter ? serverError
+                                                                   : reply;
+        QTimer::singleShot(delayMs, this, [=] { answer(sent); });
+    });
 }
 
 void FaultProxy::forward(const QByteArray &request, int times, std::function<void(QByteArray)> done)

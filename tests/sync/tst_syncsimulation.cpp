@@ -313,6 +313,8 @@ void TstSyncSimulation::household()
           "against a later edit elsewhere, faults: %d of %d requests",
           seed, h.cycles, h.failedCycles, h.overwritten, undeletesKept,
           proxy.requests() - proxy.count(FaultProxy::Fault::None), proxy.requests());
+    for (int fault = 1; fault <= int(FaultProxy::Fault::Duplicate); ++fault)
+        QVERIFY2(proxy.count(FaultProxy::Fault(fault)) > 0, "a kind of fault was never injected");
     QVERIFY2(unexplained.isEmpty(), qPrintable(unexplained.mid(0, 20).join(u'\n')));
 }
 
