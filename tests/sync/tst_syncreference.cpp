@@ -1,4 +1,3 @@
-#include "core/Dates.h"
 #include "support/Fixtures.h"
 #include "support/ReferenceServer.h"
 
@@ -23,12 +22,10 @@ namespace {
 // An edit in the register: a committed row goes one version up.
 bool registerEdit(SyncDevice &device, const QString &id, const QString &payee)
 {
-    Transaction t = *device.transactions->getById(id);
-    t.payee = payee;
-    ++t.version;
-    t.syncStatus = SyncStatus::Pending;
-    t.updatedAt = utcNow();
-    return device.transactions->update(t);
+    return device.exec(
+        QStringLiteral("UPDATE transactions SET payee = '%1', version = version + 1, sync_status = 'pending' "
+                       "WHERE id = '%2'")
+            .arg(payee, id));
 }
 
 // A device whose account holds the given payees, one a day from the first of the month, pushed.
