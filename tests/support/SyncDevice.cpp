@@ -4,6 +4,7 @@
 #include "account/TokenManager.h"
 #include "support/MemoryTokenStore.h"
 
+#include <QDeadlineTimer>
 #include <QNetworkAccessManager>
 #include <QNetworkReply>
 #include <QSignalSpy>
@@ -39,9 +40,7 @@ SyncDevice::SyncDevice(const QUrl &syncBase, const ServerUser &user)
 {
 }
 
-namespace {
-SyncDevice *s_active = nullptr;
-} // namespace
+static SyncDevice *s_active = nullptr;
 
 SyncDevice::~SyncDevice()
 {
@@ -96,12 +95,10 @@ bool SyncDevice::sync(int timeoutMs)
 {
     if (s_active != this && !activate())
         return false;
-    QSignalSpy completed(engine, &SyncEngine::syncCompleted);
-    QSignalSpy failed(engine, &SyncEngine::syncFailed);
+    QSignalSpy completed(engine, &SyncEngine::syncCompleted), failed(engine, &SyncEngine::syncFailed);
     engine->syncNow();
-    QElapsedTimer clock;
-    clock.start();
-    while (completed.isEmpty() && failed.isEmpty() && clock.elapsed() < timeoutMs)
+    for (const QDeadlineTimer deadline(timeoutMs);
+         completed.isEmpty() && failed.isEmpty() && !deadline.hasExpired();)
         completed.wait(50);
     return !completed.isEmpty();
 }

@@ -79,14 +79,9 @@ struct Household {
 
 Transaction newTransaction(const QString &accountId, QRandomGenerator &rng)
 {
-    Transaction t;
-    t.id = newId();
-    t.accountId = accountId;
-    t.date = QDate(2024, 1, 1).addDays(rng.bounded(365));
-    t.payee = QStringLiteral("Payee %1").arg(rng.bounded(40));
-    t.amount = qint64(rng.bounded(200000)) - 150000;
-    t.createdAt = t.updatedAt = utcNow();
-    return t;
+    const QDate date = QDate(2024, 1, 1).addDays(rng.bounded(365));
+    const QString payee = QStringLiteral("Payee %1").arg(rng.bounded(40));
+    return Fixtures::transaction(newId(), accountId, date, payee, qint64(rng.bounded(200000)) - 150000);
 }
 
 void edit(Household &h, int d, QRandomGenerator &rng)
