@@ -15,21 +15,18 @@ qsizetype messageLength(const QByteArray &buffer)
     const qsizetype headEnd = buffer.indexOf("\r\n\r\n");
     if (headEnd < 0)
         return -1;
-    qsizetype bodyLength = 0;
+    qsizetype total = headEnd + 4;
     for (const QByteArray &line : buffer.left(headEnd).split('\n')) {
-        const QByteArray trimmed = line.trimmed();
-        if (trimmed.toLower().startsWith("content-length:"))
-            bodyLength = trimmed.mid(15).trimmed().toLongLong();
+        if (line.trimmed().toLower().startsWith("content-length:"))
+            total += line.trimmed().mid(15).trimmed().toLongLong();
     }
-    const qsizetype total = headEnd + 4 + bodyLength;
     return buffer.size() >= total ? total : -1;
 }
 
-QByteArray statusReply(int status, const QByteArray &reason, const QByteArray &body)
+QByteArray statusReply(int status, const QByteArray &reason)
 {
     return "HTTP/1.1 " + QByteArray::number(status) + ' ' + reason +
-           "\r\nContent-Type: application/json\r\nContent-Length: " + QByteArray::number(body.size()) +
-           "\r\n\r\n" + body;
+           "\r\nContent-Type: application/json\r\nContent-Length: 20\r\n\r\n{\"error\":\"injected\"}";
 }
 
 } // namespace
@@ -40,10 +37,17 @@ FaultProxy::FaultProxy(const QUrl &upstream, quint32 seed, QObject *parent)
     , m_random(seed)
     , m_server(new QTcpServer(this))
 {
-    connect(m_server, &QTcpServer::newConnection, this, &FaultProxy::onNewConnection);
+    connect(m_server, &QTcpServer::newConnection, this, [this] {
+        while (QTcpSocket *client = m_server->nextPendingConnection()) {
+            client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+            connect(client, &QTcpSocket::readyRead, this, [this, client] { onClientData(client); });
+            connect(client, &QTcpSocket::disconnected, this, [this, client] {
+                m_buffers.remove(client);
+                client->deleteLater();
+            });
+        }
+    });
 }
-
-FaultProxy::~FaultProxy() = default;
 
 bool FaultProxy::listen()
 {
@@ -58,35 +62,20 @@ QUrl FaultProxy::baseUrl() const
     return url;
 }
 
-void FaultProxy::onNewConnection()
-{
-    while (QTcpSocket *client = m_server->nextPendingConnection()) {
-        client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        connect(client, &QTcpSocket::readyRead, this, [this, client] { onClientData(client); });
-        connect(client, &QTcpSocket::disconnected, this, [this, client] {
-            m_buffers.remove(client);
-            client->deleteLater();
-        });
-    }
-}
-
 void FaultProxy::onClientData(QTcpSocket *client)
 {
     QByteArray &buffer = m_buffers[client];
     buffer += client->readAll();
-    for (;;) {
-        const qsizetype length = messageLength(buffer);
-        if (length < 0)
-            return;
+    for (qsizetype length; (length = messageLength(buffer)) >= 0;) {
         const QByteArray request = buffer.left(length);
         buffer.remove(0, length);
-        const QList<QByteArray> requestLine = request.left(request.indexOf("\r\n")).split(' ');
-        handle(client, request, requestLine.value(1));
+        handle(client, request);
     }
 }
 
-FaultProxy::Fault FaultProxy::pickFault(const QByteArray &request, const QByteArray &path)
+FaultProxy::Fault FaultProxy::pickFault(const QByteArray &request)
 {
+    const QByteArray path = request.left(request.indexOf("\r\n")).split(' ').value(1);
     if (!path.startsWith(m_pathFilter) || m_rate <= 0 || m_random.generateDouble() >= m_rate)
         return Fault::None;
     const bool unauthorizedAllowed =
@@ -98,58 +87,39 @@ FaultProxy::Fault FaultProxy::pickFault(const QByteArray &request, const QByteAr
     }
 }
 
-void FaultProxy::handle(QTcpSocket *client, const QByteArray &request, const QByteArray &path)
+void FaultProxy::handle(QTcpSocket *client, const QByteArray &request)
 {
     ++m_requests;
-    const Fault fault = pickFault(request, path);
+    const Fault fault = pickFault(request);
     m_lastWasUnauthorized = fault == Fault::Unauthorized;
     ++m_counts[fault];
-    QPointer<QTcpSocket> to(client);
-    const auto answer = [to](const QByteArray &reply) {
-        if (!to)
-            return;
-        if (reply.isEmpty())
+    const auto answer = [to = QPointer<QTcpSocket>(client)](const QByteArray &reply) {
+        if (to && reply.isEmpty())
             to->abort();
-        else
+        else if (to)
             to->write(reply);
     };
-    switch (fault) {
-    case Fault::DropBefore: client->abort(); return;
-    case Fault::ServerErrorBefore:
-        answer(statusReply(500, "Internal Server Error", R"({"error":"injected"})"));
-        return;
-    case Fault::Unauthorized: answer(statusReply(401, "Unauthorized", R"({"error":"injected"})")); return;
-    case Fault::DropAfter:
-        forward(request, 1, [to](const QByteArray &) {
-            if (to)
-                to->abort();
-        });
-        return;
-    case Fault::ServerErrorAfter:
-        forward(request, 1, [answer](const QByteArray &) {
-            answer(statusReply(500, "Internal Server Error", R"({"error":"injected"})"));
-        });
-        return;
-    case Fault::Delay: {
-        const int ms = 20 + int(m_random.bounded(300));
-        forward(request, 1, [this, answer, ms](const QByteArray &reply) {
-            QTimer::singleShot(ms, this, [answer, reply] { answer(reply); });
-        });
-        return;
-    }
-    case Fault::Duplicate: forward(request, 2, answer); return;
-    case Fault::None: forward(request, 1, answer); return;
-    }
+    const QByteArray serverError = statusReply(500, "Internal Server Error");
+    if (fault == Fault::DropBefore)
+        return client->abort();
+    if (fault == Fault::ServerErrorBefore || fault == Fault::Unauthorized)
+        return answer(fault == Fault::Unauthorized ? statusReply(401, "Unauthorized") : serverError);
+    const int delayMs = fault == Fault::Delay ? 20 + int(m_random.bounded(300)) : 0;
+    forward(request, fault == Fault::Duplicate ? 2 : 1, [=](const QByteArray &reply) {
+        const QByteArray sent = fault == Fault::DropAfter          ? QByteArray()
+                                : fault == Fault::ServerErrorAfter ? serverError
+                                                                   : reply;
+        QTimer::singleShot(delayMs, this, [=] { answer(sent); });
+    });
 }
 
 void FaultProxy::forward(const QByteArray &request, int times, std::function<void(QByteArray)> done)
 {
     auto *upstream = new QTcpSocket(this);
-    auto *buffer = new QByteArray;
-    const auto finish = [upstream, buffer, done, this, request, times](QByteArray reply) {
+    auto buffer = std::make_shared<QByteArray>();
+    const auto finish = [=](const QByteArray &reply) {
         upstream->disconnect();
         upstream->deleteLater();
-        delete buffer;
         if (times > 1 && !reply.isEmpty())
             forward(request, times - 1, done);
         else
@@ -159,12 +129,11 @@ void FaultProxy::forward(const QByteArray &request, int times, std::function<voi
         upstream->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         upstream->write(request);
     });
-    connect(upstream, &QTcpSocket::readyRead, upstream, [upstream, buffer, finish] {
+    connect(upstream, &QTcpSocket::readyRead, upstream, [=] {
         *buffer += upstream->readAll();
-        const qsizetype length = messageLength(*buffer);
-        if (length >= 0)
+        if (const qsizetype length = messageLength(*buffer); length >= 0)
             finish(buffer->left(length));
     });
-    connect(upstream, &QTcpSocket::errorOccurred, upstream, [finish] { finish(QByteArray()); });
+    connect(upstream, &QTcpSocket::errorOccurred, upstream, [finish] { finish({}); });
     upstream->connectToHost(QHostAddress::LocalHost, quint16(m_upstream.port()));
 }

@@ -1,10 +1,11 @@
 #pragma once
 
-#include <QByteArray>
 #include <QHash>
 #include <QObject>
 #include <QRandomGenerator>
 #include <QUrl>
+
+#include <functional>
 
 class QTcpServer;
 class QTcpSocket;
@@ -25,12 +26,11 @@ public:
         ServerErrorAfter,
         Unauthorized,
         Delay,
-        Duplicate,
+        Duplicate
     };
     Q_ENUM(Fault)
 
     FaultProxy(const QUrl &upstream, quint32 seed, QObject *parent = nullptr);
-    ~FaultProxy() override;
 
     bool listen();
     QUrl baseUrl() const;
@@ -44,11 +44,9 @@ public:
     int requests() const { return m_requests; }
 
 private:
-    struct Exchange;
-    void onNewConnection();
     void onClientData(QTcpSocket *client);
-    void handle(QTcpSocket *client, const QByteArray &request, const QByteArray &path);
-    Fault pickFault(const QByteArray &request, const QByteArray &path);
+    void handle(QTcpSocket *client, const QByteArray &request);
+    Fault pickFault(const QByteArray &request);
     // Sends the request upstream, times times, and hands the last reply to done (empty on failure).
     void forward(const QByteArray &request, int times, std::function<void(QByteArray)> done);
 

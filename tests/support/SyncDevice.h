@@ -9,6 +9,7 @@
 #include "data/TransactionRepository.h"
 #include "sync/AccountSharingService.h"
 #include "sync/SyncEngine.h"
+#include "sync/SyncRepositories.h"
 
 #include <QHash>
 #include <QTemporaryDir>
@@ -32,21 +33,34 @@ ServerUser signUpUser(const QUrl &serverBase, const QString &email);
 
 // One device of a user: a data directory of its own, and while active the program's database,
 // repositories, sync API client and engine on it. The process has one database connection, so one
-// device is active at a time; deactivating is the program closing.
+// device is active at a time: activating one deactivates the other, as the program closing. A device
+// that never syncs needs neither a server nor a user.
 class SyncDevice {
 public:
-    SyncDevice(const QUrl &syncBase, const ServerUser &user);
+    explicit SyncDevice(const QUrl &syncBase = {}, const ServerUser &user = {});
     ~SyncDevice();
 
     bool activate();
     void deactivate();
 
-    // One cycle from syncNow to its end; true when it completed, false when it failed or hung.
+    // One cycle from syncNow to its end, activating the device first if need be; true when it
+    // completed, false when it failed or hung.
     bool sync(int timeoutMs = 30000);
-    // Every row of the five tables as comparable text, one line a row, sorted; which rows and columns
-    // is the caller's choice of WHERE clause per table.
-    QStringList dump(const QString &table, const QString &where = QStringLiteral("1")) const;
+    SyncRepositories repositories() const
+    {
+        return {accounts, transactions, categories, recurring, reconciliations, preferences};
+    }
+    // Row "table/id" as its sync status, a space, then its user data and whether it is deleted; empty
+    // when the row isn't there.
+    QString row(const QString &key) const;
+    // What devices in step must agree on, as "table|id|data" lines: the live rows of live accounts. A
+    // deleted account is dropped by a device that never knew it, and with it, by the foreign key,
+    // whatever another device added to it meanwhile. Reconciliations count alive or not, since a
+    // server-side deletion of one is never applied; a rule travels without a version, so its version is
+    // left out.
+    QStringList snapshot() const;
     QVariant scalar(const QString &sql) const;
+    bool exec(const QString &sql) const;
 
     Database *database = nullptr;
     AccountRepository *accounts = nullptr;
@@ -55,6 +69,7 @@ public:
     RecurringRepository *recurring = nullptr;
     ReconciliationRepository *reconciliations = nullptr;
     PreferencesRepository *preferences = nullptr;
+    HalcAccount::TokenManager *tokens = nullptr;
     HalcAccount::ApiClient *api = nullptr;
     SyncEngine *engine = nullptr;
     AccountSharingService *sharing = nullptr;
@@ -64,5 +79,6 @@ private:
     QUrl m_syncBase;
     ServerUser m_user;
     QHash<QString, QString> m_tokenEntries;
-    std::unique_ptr<QObject> m_root; // parent of everything made by activate, the database last to go
+    std::unique_ptr<QObject> m_data;    // the database and its repositories
+    std::unique_ptr<QObject> m_network; // the client, the engine and what they use
 };

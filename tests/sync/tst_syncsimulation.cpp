@@ -2,12 +2,13 @@
 #include "core/Identifiers.h"
 #include "server/Server.h"
 #include "support/FaultProxy.h"
+#include "support/Fixtures.h"
 #include "support/SyncDevice.h"
+#include "sync/SyncPush.h"
 
 #include <QLoggingCategory>
 #include <QRandomGenerator>
 #include <QSqlQuery>
-#include <QSqlRecord>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -36,159 +37,104 @@ namespace {
 constexpr int kDevices = 5;
 constexpr int kEditsPerDevice = 200;
 
-// The columns that carry the user's data, per table: what a lost edit would change.
-const QHash<QString, QString> kFields{
-    {QStringLiteral("accounts"),               QStringLiteral("name, account_type, currency, starting_balance")},
-    {QStringLiteral("transactions"),
-     QStringLiteral("account_id, date, payee, memo, amount, cleared, "
-                    "reconciled, transfer_link_id, transfer_dest_account_id")                                  },
-    {QStringLiteral("recurring_transactions"), QStringLiteral("account_id, payee, amount, next_due_date")      },
-    {QStringLiteral("reconciliations"),        QStringLiteral("account_id, statement_date, statement_balance") },
-};
-
-struct Row {
-    QString fingerprint;
-    bool pending = false;
-    bool exists = false;
-};
-
-Row readRow(SyncDevice &device, const QString &table, const QString &id)
-{
-    QSqlQuery q(device.database->connection());
-    q.prepare(QStringLiteral("SELECT %1, deleted_at IS NOT NULL, sync_status FROM %2 WHERE id = ?")
-                  .arg(kFields.value(table), table));
-    q.addBindValue(id);
-    Row row;
-    if (!q.exec() || !q.next())
-        return row;
-    QStringList cells;
-    const int n = q.record().count();
-    for (int i = 0; i < n - 1; ++i)
-        cells << q.value(i).toString();
-    row.fingerprint = cells.join(u'|');
-    row.pending = q.value(n - 1).toString() == QLatin1String("pending");
-    row.exists = true;
-    return row;
-}
-
 QString randomLiveId(SyncDevice &device, const QString &table, QRandomGenerator &rng,
-                     const QString &extra = QStringLiteral("1"))
+                     const QString &extra = "1")
 {
-    const QString where = QStringLiteral("deleted_at IS NULL AND %1").arg(extra);
-    const int count =
-        device.scalar(QStringLiteral("SELECT count(*) FROM %1 WHERE %2").arg(table, where)).toInt();
+    const QString from = QStringLiteral("FROM %1 WHERE deleted_at IS NULL AND %2").arg(table, extra);
+    const int count = device.scalar("SELECT count(*) " + from).toInt();
     if (count == 0)
         return {};
     return device
-        .scalar(QStringLiteral("SELECT id FROM %1 WHERE %2 ORDER BY id LIMIT 1 OFFSET %3")
-                    .arg(table, where)
-                    .arg(rng.bounded(count)))
+        .scalar(
+            QStringLiteral("SELECT id %1 ORDER BY id LIMIT 1 OFFSET %2").arg(from).arg(rng.bounded(count)))
         .toString();
 }
 
 // The state of one run: what each device changed and the server has not yet confirmed.
 struct Household {
     std::vector<std::unique_ptr<SyncDevice>> devices;
-    std::vector<QHash<QString, QString>> unconfirmed; // per device: "table/id" -> fingerprint after the edit
+    std::vector<QHash<QString, QString>> unconfirmed; // per device: "table/id" -> its data after the edit
     QSet<QString> created;                            // "table/id"
-    int overwritten = 0;
-    int failedCycles = 0;
-    int cycles = 0;
+    int overwritten = 0, failedCycles = 0, cycles = 0;
 
-    void touched(int d, const QString &table, const QString &id)
+    void touched(int d, const QString &table, const QString &id, bool isNew = false)
     {
-        unconfirmed[d].insert(table + u'/' + id, readRow(*devices[d], table, id).fingerprint);
+        const QString key = table + u'/' + id;
+        if (isNew)
+            created.insert(key);
+        unconfirmed[d].insert(key, devices[d]->row(key).section(u' ', 1));
     }
     // After a cycle: an accepted edit is confirmed; a changed one was overwritten by the server.
     void settle(int d)
     {
-        SyncDevice &device = *devices[d];
         for (auto it = unconfirmed[d].begin(); it != unconfirmed[d].end();) {
-            const QString table = it.key().section(u'/', 0, 0), id = it.key().section(u'/', 1);
-            const Row row = readRow(device, table, id);
-            if (!row.pending || row.fingerprint != it.value()) {
-                if (row.fingerprint != it.value())
-                    ++overwritten;
-                it = unconfirmed[d].erase(it);
-            } else {
-                ++it;
-            }
+            const QString row = devices[d]->row(it.key());
+            const bool changed = row.section(u' ', 1) != it.value();
+            overwritten += changed ? 1 : 0;
+            it = changed || !row.startsWith(QLatin1String("pending ")) ? unconfirmed[d].erase(it)
+                                                                       : std::next(it);
         }
     }
 };
 
 Transaction newTransaction(const QString &accountId, QRandomGenerator &rng)
 {
-    Transaction t;
-    t.id = newId();
-    t.accountId = accountId;
-    t.date = QDate(2024, 1, 1).addDays(rng.bounded(365));
-    t.payee = QStringLiteral("Payee %1").arg(rng.bounded(40));
-    t.amount = qint64(rng.bounded(200000)) - 150000;
-    t.createdAt = t.updatedAt = utcNow();
-    return t;
+    const QDate date = QDate(2024, 1, 1).addDays(rng.bounded(365));
+    const QString payee = QStringLiteral("Payee %1").arg(rng.bounded(40));
+    return Fixtures::transaction(newId(), accountId, date, payee, qint64(rng.bounded(200000)) - 150000);
 }
 
 void edit(Household &h, int d, QRandomGenerator &rng)
 {
     SyncDevice &dev = *h.devices[d];
-    const QString accountId = randomLiveId(dev, QStringLiteral("accounts"), rng);
+    const QString accounts = QStringLiteral("accounts"), transactions = QStringLiteral("transactions"),
+                  rules = QStringLiteral("recurring_transactions");
+    // An edit in a form or the register: the row goes pending, and its version up only when it says so.
+    const auto change = [&](const QString &table, const QString &id, const QString &set) {
+        dev.exec(
+            QStringLiteral("UPDATE %1 SET %2, sync_status = 'pending', updated_at = '%3' WHERE id = '%4'")
+                .arg(table, set, timestampText(utcNow()), id));
+        h.touched(d, table, id);
+    };
+    const QString accountId = randomLiveId(dev, accounts, rng);
     const int roll = accountId.isEmpty() ? 0 : int(rng.bounded(100));
     if (roll < 5) {
-        Account a;
-        a.id = newId();
-        a.name = QStringLiteral("Account %1").arg(rng.bounded(1000));
-        a.createdAt = a.updatedAt = utcNow();
+        const Account a = Fixtures::account(newId(), QStringLiteral("Account %1").arg(rng.bounded(1000)));
         dev.accounts->insert(a);
-        h.created.insert(QStringLiteral("accounts/") + a.id);
-        h.touched(d, QStringLiteral("accounts"), a.id);
+        h.touched(d, accounts, a.id, true);
     } else if (roll < 35) {
         const Transaction t = newTransaction(accountId, rng);
         dev.transactions->insert(t);
-        h.created.insert(QStringLiteral("transactions/") + t.id);
-        h.touched(d, QStringLiteral("transactions"), t.id);
-    } else if (roll < 75) {
-        const QString id = randomLiveId(dev, QStringLiteral("transactions"), rng);
-        if (id.isEmpty())
-            return;
-        Transaction t = *dev.transactions->getById(id);
-        t.syncStatus = SyncStatus::Pending;
-        t.updatedAt = utcNow();
-        if (roll < 55) { // the register: a committed row goes one version up
-            t.payee = QStringLiteral("Edited %1").arg(rng.bounded(1000));
-            t.amount = qint64(rng.bounded(50000)) - 40000;
-            ++t.version;
-        } else { // a form: the version stays
-            t.memo = QStringLiteral("Memo %1").arg(rng.bounded(1000));
-            t.cleared = !t.cleared;
-        }
-        dev.transactions->update(t);
-        h.touched(d, QStringLiteral("transactions"), id);
+        h.touched(d, transactions, t.id, true);
     } else if (roll < 85) {
-        const QString id = randomLiveId(dev, QStringLiteral("transactions"), rng);
+        const QString id = randomLiveId(dev, transactions, rng);
         if (id.isEmpty())
             return;
-        dev.transactions->softDelete(id);
-        h.touched(d, QStringLiteral("transactions"), id);
+        if (roll < 55) // the register: a committed row goes one version up
+            change(transactions, id,
+                   QStringLiteral("payee = 'Edited %1', amount = %2, version = version + 1")
+                       .arg(rng.bounded(1000))
+                       .arg(qint64(rng.bounded(50000)) - 40000));
+        else if (roll < 75) // a form: the version stays
+            change(transactions, id,
+                   QStringLiteral("memo = 'Memo %1', cleared = 1 - cleared").arg(rng.bounded(1000)));
+        else if (dev.transactions->softDelete(id))
+            h.touched(d, transactions, id);
     } else if (roll < 92) {
-        const QString other =
-            randomLiveId(dev, QStringLiteral("accounts"), rng, QStringLiteral("id <> '%1'").arg(accountId));
+        const QString other = randomLiveId(dev, accounts, rng, QStringLiteral("id <> '%1'").arg(accountId));
         if (other.isEmpty())
             return;
         Transaction from = newTransaction(accountId, rng), to = from;
         to.id = newId();
-        to.accountId = other;
+        to.accountId = from.transferDestAccountId = other;
         to.amount = -from.amount;
         from.transferLinkId = to.id;
-        from.transferDestAccountId = other;
         to.transferLinkId = from.id;
         to.transferDestAccountId = accountId;
         dev.transactions->insert(to);
         dev.transactions->insert(from);
-        for (const Transaction &t : {from, to}) {
-            h.created.insert(QStringLiteral("transactions/") + t.id);
-            h.touched(d, QStringLiteral("transactions"), t.id);
-        }
+        h.touched(d, transactions, from.id, true);
+        h.touched(d, transactions, to.id, true);
     } else if (roll < 96) {
         Reconciliation r;
         r.id = newId();
@@ -196,91 +142,30 @@ void edit(Household &h, int d, QRandomGenerator &rng)
         r.statementDate = QDate(2024, 1, 31).addMonths(rng.bounded(12));
         r.statementBalance = r.reconciledBalance = dev.transactions->getBalance(accountId);
         r.completedAt = r.createdAt = r.updatedAt = utcNow();
+        const QString unreconciled = QStringLiteral("account_id = '%1' AND reconciled = 0").arg(accountId);
         for (int i = 0; i < 3; ++i) {
-            const QString id =
-                randomLiveId(dev, QStringLiteral("transactions"), rng,
-                             QStringLiteral("account_id = '%1' AND reconciled = 0").arg(accountId));
-            if (id.isEmpty())
-                break;
-            Transaction t = *dev.transactions->getById(id);
-            t.reconciled = t.cleared = true;
-            t.syncStatus = SyncStatus::Pending;
-            t.updatedAt = utcNow();
-            dev.transactions->update(t);
-            h.touched(d, QStringLiteral("transactions"), id);
+            const QString id = randomLiveId(dev, transactions, rng, unreconciled);
+            if (!id.isEmpty())
+                change(transactions, id, QStringLiteral("reconciled = 1, cleared = 1"));
         }
         dev.reconciliations->insert(r);
-        h.created.insert(QStringLiteral("reconciliations/") + r.id);
-        h.touched(d, QStringLiteral("reconciliations"), r.id);
+        h.touched(d, QStringLiteral("reconciliations"), r.id, true);
     } else if (roll < 98) {
-        const QString ruleId =
-            rng.bounded(2) ? randomLiveId(dev, QStringLiteral("recurring_transactions"), rng) : QString();
-        if (!ruleId.isEmpty()) { // the rule's form: the version stays
-            RecurringTransaction rule = *dev.recurring->getById(ruleId);
-            rule.amount = -1 - qint64(rng.bounded(5000));
-            rule.syncStatus = SyncStatus::Pending;
-            rule.updatedAt = utcNow();
-            dev.recurring->update(rule);
-            h.touched(d, QStringLiteral("recurring_transactions"), ruleId);
-            return;
-        }
-        RecurringTransaction rule;
-        rule.id = newId();
-        rule.accountId = accountId;
-        rule.payee = QStringLiteral("Rule %1").arg(rng.bounded(100));
-        rule.amount = -999;
-        rule.startDate = rule.nextDueDate = QDate(2025, 1, 1 + int(rng.bounded(28)));
-        rule.createdAt = rule.updatedAt = utcNow();
-        dev.recurring->insert(rule);
-        h.created.insert(QStringLiteral("recurring_transactions/") + rule.id);
-        h.touched(d, QStringLiteral("recurring_transactions"), rule.id);
-    } else if (dev.scalar(QStringLiteral("SELECT count(*) FROM accounts WHERE deleted_at IS NULL")).toInt() >
-               3) {
+        const QString ruleId = rng.bounded(2) ? randomLiveId(dev, rules, rng) : QString();
+        const RecurringTransaction rule =
+            Fixtures::rule(newId(), accountId, QDate(2025, 1, 1 + int(rng.bounded(28))), -999);
+        if (!ruleId.isEmpty()) // the rule's form: the version stays
+            change(rules, ruleId, QStringLiteral("amount = %1").arg(-1 - qint64(rng.bounded(5000))));
+        else if (dev.recurring->insert(rule))
+            h.touched(d, rules, rule.id, true);
+    } else if (dev.scalar("SELECT count(*) FROM accounts WHERE deleted_at IS NULL").toInt() > 3) {
         // The main window's cascade.
         dev.transactions->softDeleteByAccount(accountId);
         dev.recurring->softDeleteByAccount(accountId);
         dev.reconciliations->softDeleteByAccount(accountId);
         dev.accounts->softDelete(accountId);
-        h.touched(d, QStringLiteral("accounts"), accountId);
+        h.touched(d, accounts, accountId);
     }
-}
-
-QStringList rows(SyncDevice &device, const QString &table, const QString &columns, const QString &where)
-{
-    QStringList lines;
-    QSqlQuery q(device.database->connection());
-    if (!q.exec(QStringLiteral("SELECT id, %1 FROM %2 WHERE %3").arg(columns, table, where)))
-        return {QStringLiteral("query failed")};
-    while (q.next()) {
-        QStringList cells;
-        for (int i = 0; i < q.record().count(); ++i)
-            cells << q.value(i).toString();
-        lines << table + u'|' + cells.join(u'|');
-    }
-    lines.sort();
-    return lines;
-}
-
-// What must be the same everywhere: the live rows of live accounts. A deleted account is dropped by a
-// device that never knew it, and with it, by the foreign key, whatever another device added to it
-// meanwhile. Reconciliations are compared alive or not, since a server-side deletion of one is never
-// applied; a rule travels without a version, so its version is left out.
-QStringList snapshot(SyncDevice &device)
-{
-    const QString live = QStringLiteral("deleted_at IS NULL");
-    const QString ofLiveAccount =
-        QStringLiteral("account_id IN (SELECT id FROM accounts WHERE deleted_at IS NULL)");
-    const QString version = QStringLiteral(", version");
-    return rows(device, QStringLiteral("accounts"), kFields.value(QStringLiteral("accounts")) + version,
-                live) +
-           rows(device, QStringLiteral("transactions"),
-                kFields.value(QStringLiteral("transactions")) + version,
-                live + QStringLiteral(" AND ") + ofLiveAccount) +
-           rows(device, QStringLiteral("recurring_transactions"),
-                kFields.value(QStringLiteral("recurring_transactions")),
-                live + QStringLiteral(" AND ") + ofLiveAccount) +
-           rows(device, QStringLiteral("reconciliations"),
-                kFields.value(QStringLiteral("reconciliations")) + version, ofLiveAccount);
 }
 
 } // namespace
@@ -325,10 +210,9 @@ void TstSyncSimulation::household()
     QVERIFY(!user.accessToken.isEmpty());
 
     Household h;
-    for (int d = 0; d < kDevices; ++d) {
+    for (int d = 0; d < kDevices; ++d)
         h.devices.push_back(std::make_unique<SyncDevice>(syncBase, user));
-        h.unconfirmed.emplace_back();
-    }
+    h.unconfirmed.resize(kDevices);
     QList<int> left(kDevices, kEditsPerDevice);
     while (std::any_of(left.begin(), left.end(), [](int n) { return n > 0; })) {
         const int d = int(rng.bounded(kDevices));
@@ -346,108 +230,86 @@ void TstSyncSimulation::household()
             QVERIFY2(device.engine->state() != SyncEngine::SyncState::Syncing, "a cycle hung");
             h.settle(d);
         }
-        device.deactivate();
     }
 
     // The faults stop; every device syncs until a whole round moves nothing.
     proxy.setFaultRate(0);
     bool quiet = false;
-    std::vector<int> pendingBefore(kDevices, -1);
+    std::vector<qsizetype> pendingBefore(kDevices, -1);
     for (int round = 0; round < 8 && !quiet; ++round) {
         quiet = true;
         for (int d = 0; d < kDevices; ++d) {
             SyncDevice &device = *h.devices[d];
             QVERIFY(device.activate());
-            const int before =
-                SyncPush(SyncRepositories{device.accounts, device.transactions, device.categories,
-                                          device.recurring, device.reconciliations, device.preferences})
-                    .collectPending()
-                    .size();
+            const qsizetype before = SyncPush(device.repositories()).collectPending().size();
             QVERIFY2(device.sync(), qPrintable(device.engine->lastError()));
             const SyncApply::Stats &stats = device.engine->applyStats();
             // Rows the server refuses for good stay pending and go out every cycle; they are no movement.
             quiet = quiet && before == pendingBefore[d] && stats.inserted == 0 && stats.updated == 0;
             pendingBefore[d] = before;
             h.settle(d);
-            device.deactivate();
         }
     }
     QVERIFY2(quiet, "the devices did not come to rest");
 
     QStringList unexplained;
     for (int d = 0; d < kDevices; ++d) {
-        for (auto it = h.unconfirmed[d].cbegin(); it != h.unconfirmed[d].cend(); ++it)
-            unexplained << QStringLiteral("device %1: %2 never confirmed").arg(d).arg(it.key());
+        for (const QString &key : h.unconfirmed[d].keys())
+            unexplained << QStringLiteral("device %1: %2 never confirmed").arg(d).arg(key);
     }
-
     SyncDevice fresh(syncBase, user);
-    QVERIFY(fresh.activate());
     QVERIFY(fresh.sync());
-    const QStringList server = snapshot(fresh);
+    const QStringList server = fresh.snapshot();
     // A row made and deleted before a fresh device came is not sent to it; some device holds its tombstone.
     QSet<QString> absent;
     for (const QString &key : std::as_const(h.created)) {
-        if (!readRow(fresh, key.section(u'/', 0, 0), key.section(u'/', 1)).exists)
+        if (fresh.row(key).isEmpty())
             absent.insert(key);
     }
-    fresh.deactivate();
 
     int undeletesKept = 0;
+    // Gone from a device: deleted, or a row of an account deleted there.
+    const QString gone = QStringLiteral(
+                      "SELECT count(*) FROM %1 WHERE id = '%2' AND (deleted_at IS NOT NULL OR %3)"),
+                  ofDeletedAccount =
+                      QStringLiteral("account_id IN (SELECT id FROM accounts WHERE deleted_at IS NOT NULL)");
     for (int d = 0; d < kDevices; ++d) {
         SyncDevice &device = *h.devices[d];
         QVERIFY(device.activate());
-        const QStringList mine = snapshot(device);
+        const QStringList mine = device.snapshot();
         for (const QString &line : server) {
+            // A row deleted here and edited later elsewhere stays deleted here: there is no un-delete on
+            // the wire.
             if (mine.contains(line))
                 continue;
-            // A row deleted here and edited later elsewhere stays deleted here: there is no
-            // un-delete on the wire.
-            const QString id = line.section(u'|', 1, 1);
             if (device
-                    .scalar(QStringLiteral("SELECT count(*) FROM transactions WHERE id = '%1' AND deleted_at "
-                                           "IS NOT NULL")
-                                .arg(id))
-                    .toInt() == 1) {
+                    .scalar("SELECT count(*) FROM transactions WHERE deleted_at IS NOT NULL AND id = '" +
+                            line.section(u'|', 1, 1) + "'")
+                    .toInt() == 1)
                 ++undeletesKept;
-                continue;
-            }
-            unexplained << QStringLiteral("device %1 lacks %2").arg(d).arg(line);
+            else
+                unexplained << QStringLiteral("device %1 lacks %2").arg(d).arg(line);
         }
         for (const QString &line : mine) {
             if (!server.contains(line))
                 unexplained << QStringLiteral("device %1 has extra %2").arg(d).arg(line);
         }
         for (auto it = absent.begin(); it != absent.end();) {
-            const QString table = it->section(u'/', 0, 0), id = it->section(u'/', 1);
-            const QString gone =
-                table == QLatin1String("accounts")
-                    ? QStringLiteral("deleted_at IS NOT NULL")
-                    : QStringLiteral("(deleted_at IS NOT NULL OR account_id IN (SELECT id FROM "
-                                     "accounts WHERE deleted_at IS NOT NULL))");
-            if (device
-                    .scalar(
-                        QStringLiteral("SELECT count(*) FROM %1 WHERE id = '%2' AND %3").arg(table, id, gone))
-                    .toInt() == 1)
-                it = absent.erase(it);
-            else
-                ++it;
+            const QString table = it->section(u'/', 0, 0);
+            const QString sql =
+                gone.arg(table, it->section(u'/', 1), table == "accounts" ? "0" : ofDeletedAccount);
+            it = device.scalar(sql).toInt() == 1 ? absent.erase(it) : std::next(it);
         }
-        device.deactivate();
     }
     for (const QString &key : std::as_const(absent))
         unexplained << QStringLiteral("%1 was made but is nowhere now").arg(key);
 
-    qInfo().noquote() << QStringLiteral(
-                             "seed %1: %2 cycles (%3 failed), %4 edits overwritten by the conflict "
-                             "rule, %5 rows kept deleted against a later edit elsewhere, faults: "
-                             "%6 of %7 requests")
-                             .arg(seed)
-                             .arg(h.cycles)
-                             .arg(h.failedCycles)
-                             .arg(h.overwritten)
-                             .arg(undeletesKept)
-                             .arg(proxy.requests() - proxy.count(FaultProxy::Fault::None))
-                             .arg(proxy.requests());
+    qInfo("seed %u: %d cycles (%d failed), %d edits overwritten by the conflict rule, %d rows kept deleted "
+          "against a later edit elsewhere, faults: %d of %d requests",
+          seed, h.cycles, h.failedCycles, h.overwritten, undeletesKept,
+          proxy.requests() - proxy.count(FaultProxy::Fault::None), proxy.requests());
+    for (int fault = 1; fault <= int(FaultProxy::Fault::Duplicate); ++fault)
+        QVERIFY2(proxy.count(FaultProxy::Fault(fault)) > 0, "a kind of fault was never injected");
     QVERIFY2(unexplained.isEmpty(), qPrintable(unexplained.mid(0, 20).join(u'\n')));
 }
 
