@@ -6,7 +6,7 @@
 #include "data/RecurringRepository.h"
 #include "data/TransactionRepository.h"
 #include "sync/ChangeWriter.h"
-#include "sync/SyncPayloads.h"
+#include "sync/SyncEntity.h"
 
 #include <QDebug>
 #include <QJsonDocument>

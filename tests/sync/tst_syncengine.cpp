@@ -5,7 +5,7 @@
 #include "support/SyncDevice.h"
 #include "sync/ChangeWriter.h"
 #include "sync/SyncApply.h"
-#include "sync/SyncPayloads.h"
+#include "sync/SyncEntity.h"
 #include "sync/SyncPush.h"
 
 #include <QJsonArray>
@@ -25,6 +25,8 @@ private slots:
     void page_data();
     void page();
     void payloads();
+    void storedTexts_data();
+    void storedTexts();
     void results_data();
     void results();
     void manyPendingRowsTakeOneBatchACycle();
@@ -281,6 +283,57 @@ void TstSyncEngine::payloads()
     // The driver's reader is the fallback where the fast one cannot open the file; both write the same.
     QCOMPARE(ChangeWriter(device.database->connection(), ChangeWriter::Reader::Driver).pendingChanges(),
              changes);
+}
+
+// Texts a table can hold that the program would not write itself: both readers give the same bytes,
+// and the payload carries each the way JSON and the date types want it.
+void TstSyncEngine::storedTexts_data()
+{
+    QTest::addColumn<QString>("assignment");
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QJsonValue>("sent");
+    QTest::newRow("quote, backslash") << R"(payee = 'say "hi" \ now')"
+                                      << "payee" << QJsonValue(R"(say "hi" \ now)");
+    QTest::newRow("control characters") << "payee = char(9, 97, 1, 10)"
+                                        << "payee" << QJsonValue("\ta\x01\n");
+    QTest::newRow("not ASCII") << "payee = 'Café – 東京'"
+                               << "payee" << QJsonValue(QStringLiteral("Café – 東京"));
+    QTest::newRow("NULL") << "memo = NULL"
+                          << "memo" << QJsonValue("");
+    QTest::newRow("no such day") << "date = '2023-02-29'"
+                                 << "date" << QJsonValue("");
+    QTest::newRow("milliseconds") << "created_at = '2024-03-01T10:00:00.123Z'"
+                                  << "created_at" << QJsonValue("2024-03-01T10:00:00Z");
+    QTest::newRow("offset") << "created_at = '2024-03-01T10:00:00+02:00'"
+                            << "created_at" << QJsonValue("2024-03-01T10:00:00+02:00");
+    QTest::newRow("flag as text") << "cleared = 'true'"
+                                  << "cleared" << QJsonValue(1);
+    QTest::newRow("flag as '0'") << "cleared = '0'"
+                                 << "cleared" << QJsonValue(0);
+    QTest::newRow("empty deleted_at") << "deleted_at = ''"
+                                      << "deleted_at" << QJsonValue(QJsonValue::Undefined);
+}
+
+void TstSyncEngine::storedTexts()
+{
+    QFETCH(QString, assignment);
+    QFETCH(QString, key);
+    QFETCH(QJsonValue, sent);
+    for (const char *sql :
+         {"INSERT INTO accounts (id, name, sync_status, created_at, updated_at) VALUES "
+          "('a', 'A', 'synced', '2024-01-02T03:04:05Z', '2024-01-02T03:04:05Z')",
+          "INSERT INTO transactions (id, account_id, date, payee, amount, created_at, updated_at) "
+          "VALUES ('t', 'a', '2024-01-02', '', 0, '2024-01-02T03:04:05Z', "
+          "'2024-01-02T03:04:05Z')"})
+        QVERIFY(m_device->exec(QString::fromUtf8(sql)));
+    QVERIFY(m_device->exec(QStringLiteral("UPDATE transactions SET ") + assignment));
+    const QByteArrayList changes = ChangeWriter(m_device->database->connection()).pendingChanges();
+    QCOMPARE(changes,
+             ChangeWriter(m_device->database->connection(), ChangeWriter::Reader::Driver).pendingChanges());
+    QCOMPARE(changes.size(), 1);
+    const QJsonObject change = QJsonDocument::fromJson(changes.first()).object();
+    QCOMPARE(change.value(QLatin1String("action")).toString(), QStringLiteral("upsert"));
+    QCOMPARE(change.value(QLatin1String("payload")).toObject().value(key), sent);
 }
 
 void TstSyncEngine::results_data()
