@@ -278,13 +278,14 @@ void TstSyncSimulation::household()
         QVERIFY(device.activate());
         const QStringList mine = device.snapshot();
         for (const QString &line : server) {
-            // A row deleted here and edited later elsewhere stays deleted here: there is no un-delete on
-            // the wire.
+            // A row deleted here and edited later elsewhere stays deleted here, and so do the rows of an
+            // account deleted here: there is no un-delete on the wire.
             if (mine.contains(line))
                 continue;
+            const QString table = line.section(u'|', 0, 0);
             if (device
-                    .scalar("SELECT count(*) FROM transactions WHERE deleted_at IS NOT NULL AND id = '" +
-                            line.section(u'|', 1, 1) + "'")
+                    .scalar(gone.arg(table, line.section(u'|', 1, 1),
+                                     table == "accounts" ? "0" : ofDeletedAccount))
                     .toInt() == 1)
                 ++undeletesKept;
             else
