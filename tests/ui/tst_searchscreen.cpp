@@ -107,6 +107,7 @@ private slots:
         QCOMPARE(m_screen->model()->recordAt(1)->payee, u"Grocer"_s);
         const QPoint centre = view->visualRect(first).center();
         QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, centre);
+        QVERIFY(view->selectionModel()->isRowSelected(1, {})); // a result is a row, not a cell
         QTest::mouseDClick(view->viewport(), Qt::LeftButton, {}, centre);
         QCOMPARE(edits.count(), 1);
         QCOMPARE(edits.first().first().toString(), u"3"_s);

@@ -106,6 +106,9 @@ private slots:
         bar->clearMessage();
         QVERIFY(child<QLabel>(bar, "accountCountLabel")->isVisible());
         QVERIFY(child<QLabel>(bar, "recurringDueLabel")->isVisible());
+        // The sync state stands on the right, clear of them.
+        QVERIFY(child<QLabel>(bar, "syncLabel")->geometry().left() >
+                child<QLabel>(bar, "recurringDueLabel")->geometry().right());
     }
 
     void welcomeButtonsAndCard()

@@ -501,6 +501,22 @@ private slots:
         QCOMPARE(after, expected);
     }
 
+    // Saving an edited row moves on to the next, so a statement is worked down row by row.
+    void savingMovesToTheNextRow()
+    {
+        insert("a", QDate(2025, 1, 1), "First", -100);
+        insert("b", QDate(2025, 1, 2), "Second", -200);
+        insert("c", QDate(2025, 1, 3), "Third", -300);
+        m_screen->refresh();
+        const int row = model()->findRowById(u"b"_s);
+        const QModelIndex memoCell = model()->index(row, M::Memo);
+        QTest::mouseClick(view()->viewport(), Qt::LeftButton, {}, view()->visualRect(memoCell).center());
+        play(u"<All>typed<Tab>"_s);
+        key(Qt::Key_Return, Qt::ControlModifier);
+        QCOMPARE(view()->currentIndex().row(), model()->findRowById(u"c"_s));
+        QCOMPARE(model()->findRowById(u"c"_s), row + 1);
+    }
+
     void columnLayoutPersistsAndResets()
     {
         QHeaderView *header = view()->horizontalHeader();
