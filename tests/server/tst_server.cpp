@@ -105,6 +105,41 @@ private slots:
         }
     }
 
+    void signUpRefusesBadInput_data()
+    {
+        addColumns<QString, QString, QString>({"email", "password", "error"});
+        const QString noEmail = QStringLiteral("Enter an e-mail address."),
+                      shortPassword = QStringLiteral("The password needs at least 8 characters.");
+        QTest::newRow("nothing before the @") << "@example.org"
+                                              << "long enough" << noEmail;
+        QTest::newRow("nothing after the @") << "dan@"
+                                             << "long enough" << noEmail;
+        QTest::newRow("no @") << "dan.example.org"
+                              << "long enough" << noEmail;
+        QTest::newRow("a space") << "dan @example.org"
+                                 << "long enough" << noEmail;
+        QTest::newRow("7 characters") << "dan@example.org"
+                                      << "1234567" << shortPassword;
+    }
+
+    // The page comes back with the error and what was typed, and nobody is signed up.
+    void signUpRefusesBadInput()
+    {
+        QFETCH(QString, email);
+        QFETCH(QString, password);
+        QFETCH(QString, error);
+        const HttpResult r =
+            m_server->postForm("signup", {
+                                             {"client_id",    "0123456789abcdef0123456789abcdef"},
+                                             {"redirect_uri", "http://localhost:19876/callback" },
+                                             {"email",        email                             },
+                                             {"password",     password                          }
+        });
+        QCOMPARE(r.status, 400);
+        QVERIFY2(r.body.contains(error.toUtf8()), r.body.constData());
+        QVERIFY(m_server->signIn(email, password).id.isEmpty());
+    }
+
     void accessTokenChecks_data()
     {
         addColumns<qint64, bool, int>({"expiresIn", "ownKey", "status"});
