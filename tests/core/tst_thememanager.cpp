@@ -3,6 +3,7 @@
 #include "support/Line.h"
 #include "support/SpyText.h"
 #include "support/TempDatabase.h"
+#include "ui/UiStyle.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -101,9 +102,8 @@ private slots:
     void setFontScaleRefontsRoleWidgets()
     {
         QLabel display, emphasised, plain;
-        display.setProperty("halcFontRole", 6);
-        emphasised.setProperty("halcFontRole", 2);
-        emphasised.setProperty("halcFontItalic", true);
+        applyFontRole(&display, 6);
+        applyFontRole(&emphasised, 2, true);
         emphasised.setProperty("halcFontWeight", 300);
         plain.setFont(QFont(QStringLiteral("Sans"), 20));
         m_theme->setFontScale(160);
